@@ -1,0 +1,296 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/text.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+
+namespace grimoval {
+
+namespace {
+
+// The letters of the bytes 80 to 9F of Windows-1252.
+constexpr std::array<char16_t, 32> highControls = {
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+
+constexpr char16_t replacement = 0xFFFD;
+
+void appendUtf8(std::string &out, char16_t unit) {
+    if (unit < 0x80) {
+        out += static_cast<char>(unit);
+    } else if (unit < 0x800) {
+        out += static_cast<char>(0xC0 | (unit >> 6));
+        out += static_cast<char>(0x80 | (unit & 0x3F));
+    } else {
+        out += static_cast<char>(0xE0 | (unit >> 12));
+        out += static_cast<char>(0x80 | ((unit >> 6) & 0x3F));
+        out += static_cast<char>(0x80 | (unit & 0x3F));
+    }
+}
+
+bool isDigit(char16_t character) { return character >= u'0' && character <= u'9'; }
+
+// The letters that a character is sorted as, and a rank for its accent.
+struct SortKey {
+    std::array<char16_t, 2> letters;
+    int accent;
+};
+
+// Letters of Windows-1252 with accents or ligatures, as their plain capitals.
+SortKey sortKey(char16_t character) {
+    const char16_t capital = upper(character);
+    struct Row {
+        std::u16string_view accented;
+        char16_t plain;
+    };
+    static constexpr Row rows[] = {
+        {u"ÁÀÂÄÃÅ", u'A'}, {u"Ç", u'C'},       {u"ÉÈÊË", u'E'}, {u"ÍÌÎÏ", u'I'}, {u"Ñ", u'N'},
+        {u"ÓÒÔÖÕØ", u'O'}, {u"Š", u'S'},       {u"ÚÙÛÜ", u'U'}, {u"ÝŸ", u'Y'},   {u"Ž", u'Z'},
+    };
+    if (capital < 0x80) {
+        return {{capital, 0}, 0};
+    }
+    if (capital == u'Œ') {
+        return {{u'O', u'E'}, 1};
+    }
+    if (capital == u'Æ') {
+        return {{u'A', u'E'}, 1};
+    }
+    if (capital == u'\u00A0') {
+        return {{u' ', 0}, 1};
+    }
+    for (const Row &row : rows) {
+        const auto place = row.accented.find(capital);
+        if (place != std::u16string_view::npos) {
+            return {{row.plain, 0}, static_cast<int>(place) + 1};
+        }
+    }
+    return {{capital, 0}, 0};
+}
+
+Texte plainLetters(std::u16string_view text) {
+    Texte plain;
+    for (const char16_t character : text) {
+        const SortKey key = sortKey(character);
+        plain += key.letters[0];
+        if (key.letters[1] != 0) {
+            plain += key.letters[1];
+        }
+    }
+    return plain;
+}
+
+} // namespace
+
+Texte trim(std::u16string_view text) {
+    const auto first = text.find_first_not_of(u' ');
+    if (first == std::u16string_view::npos) {
+        return {};
+    }
+    const auto last = text.find_last_not_of(u' ');
+    return Texte(text.substr(first, last - first + 1));
+}
+
+char16_t upper(char16_t character) {
+    if (character >= u'a' && character <= u'z') {
+        return static_cast<char16_t>(character - 32);
+    }
+    if (character >= 0xE0 && character <= 0xFE && character != 0xF7) {
+        return static_cast<char16_t>(character - 32);
+    }
+    switch (character) {
+    case u'œ':
+        return u'Œ';
+    case u'š':
+        return u'Š';
+    case u'ž':
+        return u'Ž';
+    case u'ÿ':
+        return u'Ÿ';
+    default:
+        return character;
+    }
+}
+
+Texte upper(std::u16string_view text) {
+    Texte result(text);
+    std::transform(result.begin(), result.end(), result.begin(),
+                   [](char16_t character) { return upper(character); });
+    return result;
+}
+
+Texte fromUtf8(std::string_view bytes) {
+    Texte text;
+    text.reserve(bytes.size());
+    std::size_t i = 0;
+    while (i < bytes.size()) {
+        const auto lead = static_cast<unsigned char>(bytes[i]);
+        std::size_t length = 1;
+        char32_t code = lead;
+        if (lead >= 0xC2 && lead <= 0xDF) {
+            length = 2;
+            code = lead & 0x1F;
+        } else if (lead >= 0xE0 && lead <= 0xEF) {
+            length = 3;
+            code = lead & 0x0F;
+        } else if (lead >= 0xF0 && lead <= 0xF4) {
+            length = 4;
+            code = lead & 0x07;
+        } else if (lead >= 0x80) {
+            text += replacement;
+            ++i;
+            continue;
+        }
+        std::size_t used = 1;
+        while (used < length && i + used < bytes.size() &&
+               (static_cast<unsigned char>(bytes[i + used]) & 0xC0) == 0x80) {
+            code = (code << 6) | (static_cast<unsigned char>(bytes[i + used]) & 0x3F);
+            ++used;
+        }
+        const bool overlong = (length == 3 && code < 0x800) || (length == 4 && code < 0x10000);
+        const bool surrogate = code >= 0xD800 && code <= 0xDFFF;
+        const bool whole = used == length && !overlong && !surrogate && code <= 0xFFFF;
+        text += whole ? static_cast<char16_t>(code) : replacement;
+        i += used;
+    }
+    return text;
+}
+
+std::string toUtf8(std::u16string_view text) {
+    std::string bytes;
+    bytes.reserve(text.size() + text.size() / 4);
+    for (const char16_t unit : text) {
+        const bool surrogate = unit >= 0xD800 && unit <= 0xDFFF;
+        appendUtf8(bytes, surrogate ? replacement : unit);
+    }
+    return bytes;
+}
+
+char16_t fromAnsiCode(int code) {
+    return code >= 0x80 && code <= 0x9F ? highControls[static_cast<std::size_t>(code - 0x80)]
+                                        : static_cast<char16_t>(code & 0xFF);
+}
+
+int ansiCode(char16_t character) {
+    if (character < 0x80 || (character >= 0xA0 && character <= 0xFF)) {
+        return character;
+    }
+    const auto place = std::find(highControls.begin(), highControls.end(), character);
+    return place == highControls.end() ? -1 : 0x80 + static_cast<int>(place - highControls.begin());
+}
+
+Texte fromAnsi(std::string_view bytes) {
+    Texte text(bytes.size(), u' ');
+    std::transform(bytes.begin(), bytes.end(), text.begin(),
+                   [](char byte) { return fromAnsiCode(static_cast<unsigned char>(byte)); });
+    return text;
+}
+
+std::string toAnsi(std::u16string_view text) {
+    std::string bytes(text.size(), '?');
+    std::transform(text.begin(), text.end(), bytes.begin(), [](char16_t character) {
+        const int code = ansiCode(character);
+        return code < 0 ? '?' : static_cast<char>(code);
+    });
+    return bytes;
+}
+
+std::optional<double> numericValue(std::u16string_view text) {
+    std::string plain; // what from_chars reads: no blank, no plus sign, a point
+    const Texte trimmed = trim(text);
+    std::size_t i = 0;
+    bool negative = false;
+    if (i < trimmed.size() && (trimmed[i] == u'+' || trimmed[i] == u'-')) {
+        negative = trimmed[i] == u'-';
+        ++i;
+        while (i < trimmed.size() && trimmed[i] == u' ') {
+            ++i;
+        }
+    }
+    std::size_t digits = 0;
+    bool separator = false;
+    for (; i < trimmed.size(); ++i) {
+        const char16_t character = trimmed[i];
+        if (isDigit(character)) {
+            plain += static_cast<char>(character);
+            ++digits;
+        } else if ((character == u'.' || character == u',') && !separator) {
+            plain += '.';
+            separator = true;
+        } else {
+            break;
+        }
+    }
+    if (digits == 0) {
+        return {};
+    }
+    if (i < trimmed.size() && (trimmed[i] == u'e' || trimmed[i] == u'E')) {
+        plain += 'e';
+        ++i;
+        if (i < trimmed.size() && (trimmed[i] == u'+' || trimmed[i] == u'-')) {
+            if (trimmed[i] == u'-') {
+                plain += '-';
+            }
+            ++i;
+        }
+        if (i == trimmed.size()) {
+            return {};
+        }
+        for (; i < trimmed.size() && isDigit(trimmed[i]); ++i) {
+            plain += static_cast<char>(trimmed[i]);
+        }
+    }
+    if (i != trimmed.size()) {
+        return {};
+    }
+    if (plain.front() == '.') {
+        plain.insert(plain.begin(), '0');
+    }
+    double value = 0;
+    const auto [end, error] = std::from_chars(plain.data(), plain.data() + plain.size(), value);
+    if (end != plain.data() + plain.size()) {
+        return {};
+    }
+    if (error == std::errc::result_out_of_range) {
+        // Too small is 0, too large is no number.
+        if (plain.find("e-") == std::string::npos) {
+            return {};
+        }
+        value = 0;
+    } else if (error != std::errc()) {
+        return {};
+    }
+    return negative ? -value : value;
+}
+
+Texte decimal(int value) { return fromUtf8(std::to_string(value)); }
+
+int compareFrench(std::u16string_view left, std::u16string_view right) {
+    const int letters = plainLetters(left).compare(plainLetters(right));
+    if (letters != 0) {
+        return letters;
+    }
+    const std::size_t common = std::min(left.size(), right.size());
+    for (std::size_t i = 0; i < common; ++i) {
+        const int accents = sortKey(left[i]).accent - sortKey(right[i]).accent;
+        if (accents != 0) {
+            return accents;
+        }
+    }
+    // Small letters before capitals; then, so that the order is total, the codes themselves.
+    for (std::size_t i = 0; i < common; ++i) {
+        if (left[i] != right[i]) {
+            const bool leftIsCapital = left[i] == upper(left[i]);
+            const bool rightIsCapital = right[i] == upper(right[i]);
+            if (leftIsCapital != rightIsCapital) {
+                return leftIsCapital ? 1 : -1;
+            }
+        }
+    }
+    return left.compare(right);
+}
+
+} // namespace grimoval

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Text of the core: UTF-16, one unit a letter. Files are Windows-1252 (the WHATWG table of
+// windows-1252: the five bytes without a letter stand for the control character of their code).
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace grimoval {
+
+using Texte = std::u16string;
+
+// Without the blanks (U+0020 alone) at both ends.
+Texte trim(std::u16string_view text);
+
+// Capitals, for the letters that Windows-1252 holds; every other character stays.
+char16_t upper(char16_t character);
+Texte upper(std::u16string_view text);
+
+// UTF-8 in and out; what is ill-formed becomes U+FFFD, what lies beyond 16 bits too.
+Texte fromUtf8(std::string_view bytes);
+std::string toUtf8(std::u16string_view text);
+
+// Windows-1252 in and out; what has no place there becomes '?'.
+Texte fromAnsi(std::string_view bytes);
+std::string toAnsi(std::u16string_view text);
+
+// The Windows-1252 code of a character, 0 to 255; -1 if it has none.
+int ansiCode(char16_t character);
+char16_t fromAnsiCode(int code);
+
+// The value of numeric text: blanks around, an optional sign, decimal digits with at most one
+// separator ('.' or ','), an optional exponent. Nothing for any other text or an infinite value.
+std::optional<double> numericValue(std::u16string_view text);
+
+// Plain decimal, without a leading blank.
+Texte decimal(int value);
+
+// French order: letters first without case and accents, then accents, then case. Negative, 0 or
+// positive.
+int compareFrench(std::u16string_view left, std::u16string_view right);
+
+// A text of a fixed number of characters, padded with blanks at the right, cut at its width.
+template <std::size_t Width>
+class FixedText {
+public:
+    FixedText() : text_(Width, u' ') {}
+    FixedText(std::u16string_view text) : text_(text.substr(0, Width)) {
+        text_.resize(Width, u' ');
+    }
+    operator const Texte &() const { return text_; }
+    const Texte &text() const { return text_; }
+
+private:
+    Texte text_;
+};
+
+} // namespace grimoval
