@@ -72,6 +72,7 @@ void Form::show() {
     shown_ = true;
     screen_.shown_.push_back(this);
     screen_.system_.shown(*this, nullptr);
+    giveFirstFocus();
     activateAndPaint();
 }
 
@@ -84,6 +85,7 @@ void Form::showModal() {
     shown_ = true;
     screen_.shown_.push_back(this);
     screen_.system_.shown(*this, opener);
+    giveFirstFocus();
     activateAndPaint();
     if (shown_) {
         screen_.system_.runModal(*this);
@@ -123,21 +125,28 @@ void Form::close(UnloadMode mode) {
     screen_.system_.unloaded(*this);
 }
 
-Control *Form::focus() {
-    if (focus_ != nullptr && focus_->takesFocus()) {
-        return focus_;
+Control *Form::focus() const {
+    return focus_ != nullptr && focus_->takesFocus() ? focus_ : nullptr;
+}
+
+std::vector<Control *> Form::tabOrder() const {
+    std::vector<Control *> order = controls_;
+    std::stable_sort(order.begin(), order.end(), [](const Control *left, const Control *right) {
+        return left->tabIndex < right->tabIndex;
+    });
+    return order;
+}
+
+void Form::giveFirstFocus() {
+    if (focus_ != nullptr) {
+        return;
     }
-    const auto start = focus_ == nullptr ? controls_.begin()
-                                         : std::find(controls_.begin(), controls_.end(), focus_);
-    auto next = std::find_if(start, controls_.end(), [](Control *c) { return c->takesFocus(); });
-    if (next == controls_.end()) {
-        next = std::find_if(controls_.begin(), start, [](Control *c) { return c->takesFocus(); });
-        if (next == start) {
-            return nullptr;
+    for (Control *control : tabOrder()) {
+        if (control->takesFocus()) {
+            setFocus(*control);
+            return;
         }
     }
-    focus_ = *next;
-    return focus_;
 }
 
 void Form::setFocus(Control &control) {
@@ -178,22 +187,24 @@ bool Form::previewKey(Key &key) {
 }
 
 bool Form::navigate(const Key &key) {
-    Control *current = focus();
     if (key.code == Key::tab) {
-        if (current == nullptr) {
-            return true;
+        std::vector<Control *> order = tabOrder();
+        if (key.shift) {
+            std::reverse(order.begin(), order.end());
         }
-        auto place = std::find(controls_.begin(), controls_.end(), current);
-        do {
-            if (key.shift) {
-                place = place == controls_.begin() ? controls_.end() - 1 : place - 1;
-            } else {
-                place = place + 1 == controls_.end() ? controls_.begin() : place + 1;
-            }
-        } while (!(*place)->takesFocus());
-        setFocus(**place);
+        // From the control after the last one that had the keyboard, once round.
+        const auto last = std::find(order.begin(), order.end(), focus_);
+        if (last != order.end()) {
+            std::rotate(order.begin(), last + 1, order.end());
+        }
+        const auto next = std::find_if(order.begin(), order.end(),
+                                       [](Control *control) { return control->takesFocus(); });
+        if (next != order.end()) {
+            setFocus(**next);
+        }
         return true;
     }
+    Control *current = focus();
     if (key.code == Key::space && current != nullptr &&
         dynamic_cast<TextField *>(current) == nullptr) {
         current->userSpace();

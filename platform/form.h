@@ -49,8 +49,10 @@ public:
     void hide();
     void unload(); // asks Form_QueryUnload first, which may refuse
 
-    // The control that has the keyboard: the one that was given it, or the next that can take it.
-    Control *focus();
+    // The control that has the keyboard: at the first showing the first of the tab order. When that
+    // control closes, nobody has it until the person moves on: a space bar must not press a
+    // neighbour that nobody chose.
+    Control *focus() const;
     // Ignored by a control that cannot take the keyboard.
     void setFocus(Control &control);
 
@@ -99,6 +101,8 @@ private:
     void controlChanged(Control &control, PropertyBase &property);
     void activateAndPaint();
     void close(UnloadMode mode);
+    std::vector<Control *> tabOrder() const;
+    void giveFirstFocus();
 
     Screen &screen_;
     const char *name_;
