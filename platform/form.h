@@ -111,12 +111,15 @@ private:
     bool loaded_ = false, shown_ = false, designKept_ = false;
 };
 
+// The title that the executable carries.
+inline const Texte applicationTitle = u"Le Grimoval";
+
 enum class MessageIcon { critical, information, exclamation };
 
 struct Message {
     Texte text;
     MessageIcon icon = MessageIcon::information;
-    Texte title; // empty: the application's
+    Texte title;
 };
 
 // What a toolkit, a script or a test does behind the windows.
@@ -157,7 +160,8 @@ public:
     // A control that nothing stands over and that can be reached now.
     bool reaches(const Form &form) const { return active() == &form; }
 
-    void message(const Texte &text, MessageIcon icon, const Texte &title = {});
+    // Without a title of its own the box bears the application's.
+    void message(const Texte &text, MessageIcon icon, const Texte &title = applicationTitle);
     void processEvents() { system_.processEvents(); }
     void beep() { system_.beep(); }
     // The path itself, of a picture that can be shown. Fails as WindowSystem::checkPicture.

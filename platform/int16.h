@@ -15,7 +15,10 @@ public:
     constexpr Int16(int value) : value_(checked(value)) {}
     constexpr operator int() const { return value_; }
 
-    Int16 &operator+=(int amount) { return *this = Int16(value_ + amount); }
+    Int16 &operator+=(int amount) {
+        value_ = checked(static_cast<long long>(value_) + amount);
+        return *this;
+    }
 
     // Rounds to the nearest whole number, halves to the even neighbour (2.5 gives 2, 3.5 gives 4).
     // Failure 6 beyond 16 bits, and for what is no number.
@@ -28,7 +31,7 @@ public:
     }
 
 private:
-    static constexpr short checked(int value) {
+    static constexpr short checked(long long value) {
         if (value < -32768 || value > 32767) {
             throw Failure(failure::overflow);
         }

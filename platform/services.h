@@ -50,7 +50,7 @@ struct Application {
     // Ends the process at once; no handler runs any more.
     [[noreturn]] void end(int status = 0) { throw ProgramEnd{status}; }
 
-    static inline const Texte title = u"Le Grimoval";
+    static inline const Texte &title = applicationTitle;
     static constexpr int major = 1, minor = 0, revision = 9;
 };
 

@@ -5,6 +5,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <compare>
 
 namespace grimoval {
 
@@ -71,16 +72,43 @@ SortKey sortKey(char16_t character) {
     return {{capital, 0}, 0};
 }
 
-Texte plainLetters(std::u16string_view text) {
-    Texte plain;
-    for (const char16_t character : text) {
-        const SortKey key = sortKey(character);
-        plain += key.letters[0];
-        if (key.letters[1] != 0) {
-            plain += key.letters[1];
+// A text as it is sorted: by its letters, then accents, then case (small before capital), then, so
+// that the order is total, by the codes themselves. A ligature has two of each: texts of the same
+// letters have as many accents.
+struct SortText {
+    explicit SortText(std::u16string_view source) : text(source) {
+        for (const char16_t character : source) {
+            const SortKey key = sortKey(character);
+            const char16_t capital = character == upper(character) ? 1 : 0;
+            letters += key.letters[0];
+            accents += static_cast<char16_t>(key.accent);
+            cases += capital;
+            if (key.letters[1] != 0) {
+                letters += key.letters[1];
+                accents += u'\0';
+                cases += capital;
+            }
         }
     }
-    return plain;
+    auto operator<=>(const SortText &) const = default;
+
+    Texte letters, accents, cases, text; // compared in this order
+};
+
+// Of a number that no double holds, whether it is too small; digits, a point, 'e' and an exponent.
+bool isTiny(std::string_view plain) {
+    const std::size_t mark = std::min(plain.find('e'), plain.size());
+    const std::size_t point = std::min(plain.find('.'), mark);
+    const std::size_t first = plain.find_first_of("123456789");
+    long long exponent = 0;
+    if (mark < plain.size()) {
+        const auto [end, error] =
+            std::from_chars(plain.data() + mark + 1, plain.data() + plain.size(), exponent);
+        if (error == std::errc::result_out_of_range) {
+            return plain[mark + 1] == '-';
+        }
+    }
+    return static_cast<long long>(point) - static_cast<long long>(first) + exponent < 0;
 }
 
 } // namespace
@@ -256,7 +284,7 @@ std::optional<double> numericValue(std::u16string_view text) {
     }
     if (error == std::errc::result_out_of_range) {
         // Too small is 0, too large is no number.
-        if (plain.find("e-") == std::string::npos) {
+        if (!isTiny(plain)) {
             return {};
         }
         value = 0;
@@ -269,28 +297,15 @@ std::optional<double> numericValue(std::u16string_view text) {
 Texte decimal(int value) { return fromUtf8(std::to_string(value)); }
 
 int compareFrench(std::u16string_view left, std::u16string_view right) {
-    const int letters = plainLetters(left).compare(plainLetters(right));
-    if (letters != 0) {
-        return letters;
-    }
-    const std::size_t common = std::min(left.size(), right.size());
-    for (std::size_t i = 0; i < common; ++i) {
-        const int accents = sortKey(left[i]).accent - sortKey(right[i]).accent;
-        if (accents != 0) {
-            return accents;
-        }
-    }
-    // Small letters before capitals; then, so that the order is total, the codes themselves.
-    for (std::size_t i = 0; i < common; ++i) {
-        if (left[i] != right[i]) {
-            const bool leftIsCapital = left[i] == upper(left[i]);
-            const bool rightIsCapital = right[i] == upper(right[i]);
-            if (leftIsCapital != rightIsCapital) {
-                return leftIsCapital ? 1 : -1;
-            }
-        }
-    }
-    return left.compare(right);
+    const auto order = SortText(left) <=> SortText(right);
+    return (order > 0) - (order < 0);
+}
+
+void sortFrench(std::vector<Texte> &texts) {
+    std::vector<SortText> keyed(texts.begin(), texts.end());
+    std::sort(keyed.begin(), keyed.end());
+    std::transform(keyed.begin(), keyed.end(), texts.begin(),
+                   [](SortText &key) { return std::move(key.text); });
 }
 
 } // namespace grimoval

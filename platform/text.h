@@ -3,10 +3,12 @@
 // windows-1252: the five bytes without a letter stand for the control character of their code).
 #pragma once
 
+#include <concepts>
 #include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace grimoval {
 
@@ -41,13 +43,16 @@ Texte decimal(int value);
 // French order: letters first without case and accents, then accents, then case. Negative, 0 or
 // positive.
 int compareFrench(std::u16string_view left, std::u16string_view right);
+void sortFrench(std::vector<Texte> &texts);
 
 // A text of a fixed number of characters, padded with blanks at the right, cut at its width.
 template <std::size_t Width>
 class FixedText {
 public:
     FixedText() : text_(Width, u' ') {}
-    FixedText(std::u16string_view text) : text_(text.substr(0, Width)) {
+    template <class Text>
+        requires std::convertible_to<Text, std::u16string_view>
+    FixedText(const Text &text) : text_(std::u16string_view(text).substr(0, Width)) {
         text_.resize(Width, u' ');
     }
     operator const Texte &() const { return text_; }

@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "shell/MAINGRIM.h"
+
+#include "shell/GLBPAROL.h"
+#include "shell/mdAppData.h"
+#include "shell/mdClvUtil.h"
+
+namespace grimoval {
+
+namespace {
+
+// A screen wider than this is larger than the game's window: the rest of it is hidden by a backdrop.
+constexpr int petitEcran = 12000; // twips, 800 pixels
+
+void donnerFaces(Globales &g, FMenu &menu) {
+    const std::pair<PictureButton &, const char16_t *> faces[] = {
+        {menu.CmdTjr[2], u"_play.tga"},      {menu.CmdTjr[0], u"_stop.tga"},
+        {menu.CmdTjr[1], u"_aide.tga"},      {menu.CmdTjr[3], u"_Quitter.tga"},
+        {menu.CmdCfg[0], u"_outil.tga"},     {menu.CmdCfg[1], u"_sound.tga"},
+        {menu.CmdBase, u"_choix.tga"},       {menu.lblAbout, u"_Apropos.tga"},
+        {menu.CmdJeux[0], u"_AutreMot.tga"}, {menu.CmdJeux[1], u"_Reponse.tga"},
+        {menu.CmdJeux[2], u"_Abandonner.tga"},
+    };
+    for (const auto &[bouton, fichier] : faces) {
+        bouton.Face = g.dossiers.DossierImages + fichier;
+    }
+}
+
+// Proves that the folder can be written, and leaves no stale work file in it.
+void nettoyerTemporaires(Globales &g) {
+    Files &fichiers = g.services.files;
+    const Texte probe = g.dossiers.DossierTemp + u"~GRIMOVA.TMP";
+    const Texte copie = g.dossiers.DossierTemp + u"~GRIMV.TMP";
+    RecordFile(fichiers, probe, 84);
+    RecordFile(fichiers, copie, 52);
+    fichiers.remove(copie);
+    fichiers.remove(probe);
+}
+
+void examinerListe(Globales &g) {
+    const Texte liste = g.dossiers.DossierBases + u"GRIMV.LST";
+    if (g.services.files.length(liste) != 0) {
+        return;
+    }
+    if (g.ListeObligatoire) {
+        g.services.screen.message(u"Le fichier GRIMV.LST est déffectueux.", MessageIcon::critical);
+        g.services.application.end();
+    }
+    g.services.files.remove(liste);
+}
+
+} // namespace
+
+void Main(Globales &g, frmSplash &splash, Fplein &plein, FMenu &menu) {
+    Application &application = g.services.application;
+    Screen &ecran = g.services.screen;
+    if (application.previousInstance()) {
+        application.end();
+    }
+    splash.showModal();
+    TrouverDossierUtilisateur(g);
+    g.SautLigne = u"\n";
+    g.BoutonSite = true;
+    ecran.MousePointer = pointeur::sablier;
+    g.dossiers.DossierAppli = asFolder(application.path());
+    g.TitreAppli = u"Le Grimoval ";
+    menu.load();
+    if (!DefinirRepertoires(g)) {
+        application.end();
+    }
+    donnerFaces(g, menu);
+    LireConfigSon(g);
+    LireConfigJeu(g);
+    if (ecran.Width() > petitEcran) {
+        plein.show();
+        ecran.processEvents();
+    }
+    g.base.BaseChargee = false;
+    nettoyerTemporaires(g);
+    examinerListe(g);
+    if (g.son.MusiqueActive != 0) {
+        JouerMusique(g);
+    }
+    if (g.son.ParoleActive != 0) {
+        JouerParole(g, parole::bienvenue);
+    }
+    menu.Caption = ecran.Width() > petitEcran ? g.TitreAppli : Texte();
+    for (std::size_t champ = 1; champ <= 4; ++champ) {
+        g.joueurs.NomJoueur[champ] = Texte();
+    }
+    menu.showModal();
+    application.end();
+}
+
+} // namespace grimoval
