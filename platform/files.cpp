@@ -249,7 +249,7 @@ bool Files::folderExists(const Texte &path) {
 }
 
 void Files::makeFolder(const Texte &path) {
-    const std::string name = pathBytes(path);
+    const std::string name = resolve(path);
     if (::mkdir(name.c_str(), 0777) != 0) {
         if (errno == ENOENT) {
             throw Failure(failure::pathNotFound);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The world outside without the world: a clock turned by hand, known numbers, and recorders that
-// tell, one line each, all that is asked of them.
+// The world outside without the world: known numbers, and recorders that tell, one line each, all
+// that is asked of them.
 #pragma once
 
 #include "platform/scripted/windows.h"
@@ -9,20 +9,6 @@
 #include <deque>
 
 namespace grimoval::scripted {
-
-// The moment so many seconds later (or earlier), by the calendar; no summer time.
-DateTime later(const DateTime &moment, long long seconds);
-
-struct ScriptedClock : Clock {
-    DateTime start{2026, 1, 1, 12, 0, 0};
-    long long elapsed = 0; // milliseconds since start
-
-    DateTime now() override { return later(start, elapsed / 1000); }
-    void set(const DateTime &moment) {
-        start = moment;
-        elapsed = 0;
-    }
-};
 
 // Answers the given numbers in their order, then 0. Seeding does not disturb them.
 struct ScriptedRandom : Random {
@@ -41,6 +27,7 @@ struct RecordedSound : Sound {
 
     Sink sink;
     bool wave = true, midi = true; // the devices that exist
+    bool looping = false;          // the last music was to start again at its end
 
     bool waveAvailable() override { return wave; }
     bool midiAvailable() override { return midi; }
@@ -69,25 +56,6 @@ struct ScriptedApplication : Application {
     bool previousInstance() override { return secondInstance; }
     Texte path() override { return folder; }
     std::optional<Texte> userDataFolder() override { return userData; }
-};
-
-// Time passes for the windows that are loaded: timers fire and running gauges tick when their
-// milliseconds are due; at one instant timers come first, then gauges, in the order of their
-// windows and controls. The clock stands at the instant of each.
-class TimeWheel {
-public:
-    TimeWheel(Screen &screen, ScriptedClock &clock) : screen_(screen), clock_(clock) {}
-    void advance(long long milliseconds);
-    // To be told of windows that go and of gauges that start or stop.
-    void forget(const Form &form);
-    void gaugeChanged(const Gauge &gauge);
-
-private:
-    Control *next(long long until);
-    Screen &screen_;
-    ScriptedClock &clock_;
-    long long now_ = 0;
-    std::unordered_map<const Control *, long long> due_;
 };
 
 } // namespace grimoval::scripted

@@ -7,9 +7,18 @@ void Windows::shown(Form &form, Form * /*opener*/) { sink_("fenetre " + form.pat
 
 void Windows::hidden(Form &form) { sink_("fenetre " + form.path() + " cachee"); }
 
-void Windows::unloaded(Form &form) { sink_("fenetre " + form.path() + " dechargee"); }
+void Windows::unloaded(Form &form) {
+    if (wheel != nullptr) {
+        wheel->forget(form);
+    }
+    sink_("fenetre " + form.path() + " dechargee");
+}
 
 void Windows::changed(Element &element, PropertyBase &property) {
+    if (const auto *gauge = dynamic_cast<const Gauge *>(&element);
+        gauge != nullptr && wheel != nullptr && &property == &gauge->EnMarche) {
+        wheel->gaugeChanged(*gauge);
+    }
     if (dynamic_cast<Screen *>(&element) != nullptr) {
         sink_("pointeur " + property.shown());
     } else {

@@ -6,8 +6,7 @@
 // `pointeur 11`, `message critique "titre" "texte"`, `bip`; and those of the other recorders.
 #pragma once
 
-#include "platform/files.h"
-#include "platform/form.h"
+#include "platform/scripted/time.h"
 
 namespace grimoval::scripted {
 
@@ -18,6 +17,7 @@ public:
     Windows(Files &files, Sink sink) : files_(files), sink_(std::move(sink)) {}
 
     int width = 15360, height = 11520; // twips
+    TimeWheel *wheel = nullptr;        // is told of what starts, stops and goes
 
     int screenWidth() override { return width; }
     int screenHeight() override { return height; }

@@ -26,6 +26,7 @@ Program::Program(Surroundings &around, const std::shared_ptr<bool> &over,
       documents_(sink_), wheel_(screen, around.clock),
       services_{screen, files_, around.clock, around.random, sound_, documents_, application_},
       g_(services_), windows_(g_) {
+    wheel = &wheel_;
     width = around.width;
     height = around.height;
     sound_.wave = around.wave;
@@ -44,19 +45,6 @@ void Program::run() {
     } catch (const Failure &failure) {
         sink_("echec " + std::to_string(failure.number));
     }
-}
-
-void Program::changed(Element &element, PropertyBase &property) {
-    if (auto *gauge = dynamic_cast<Gauge *>(&element);
-        gauge != nullptr && &property == &gauge->EnMarche) {
-        wheel_.gaugeChanged(*gauge);
-    }
-    scripted::Windows::changed(element, property);
-}
-
-void Program::unloaded(Form &form) {
-    wheel_.forget(form);
-    scripted::Windows::unloaded(form);
 }
 
 void Program::printState() {

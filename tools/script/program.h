@@ -50,8 +50,6 @@ private:
     Program(Surroundings &around, const std::shared_ptr<bool> &over, const scripted::Sink &sink,
             std::function<void(Form &)> converse, const Texte &folder,
             const std::optional<Texte> &userData);
-    void changed(Element &element, PropertyBase &property) override;
-    void unloaded(Form &form) override;
     void runModal(Form &form) override { converse_(form); }
 
     std::shared_ptr<bool> over_; // the process has ended

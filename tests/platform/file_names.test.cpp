@@ -1,0 +1,223 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Names: case-blind, patterns, and what a name inside a folder may be.
+#include "platform/files.h"
+
+#include "support/failures.h"
+#include "support/temporary_folder.h"
+
+#include <chrono>
+#include <fcntl.h>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+#include <sys/stat.h>
+
+namespace grimoval {
+namespace {
+
+using test::failureNumber;
+
+struct FileNamesTest : testing::Test {
+    test::TemporaryFolder folder;
+    Files files;
+
+    Texte at(const Texte &name) const { return folder.path(name); }
+};
+
+TEST_F(FileNamesTest, AnyCaseNamesTheFileForEveryOperation) {
+    folder.write(u"Animaux.Dbs", "aaaabbbb");
+    EXPECT_TRUE(files.exists(at(u"ANIMAUX.DBS")));
+    EXPECT_EQ(files.read(at(u"animaux.dbs")), "aaaabbbb");
+    EXPECT_EQ(files.length(at(u"animaux.DBS")), 8);
+    EXPECT_EQ(files.lastWrite(at(u"ANIMAUX.dbs")), files.lastWrite(at(u"Animaux.Dbs")));
+    EXPECT_EQ(RecordFile(files, at(u"ANIMAUX.DBS"), 4).count(), 2);
+    files.copy(at(u"ANIMAUX.DBS"), at(u"copie"));
+    EXPECT_EQ(folder.read(u"copie"), "aaaabbbb");
+    files.copy(at(u"copie"), at(u"aNIMAUX.dBS"));
+    files.replace(at(u"animaux.DBS"), "neuf");
+    EXPECT_EQ(folder.list(), (std::vector<std::string>{"Animaux.Dbs", "copie"}));
+    EXPECT_EQ(folder.read(u"Animaux.Dbs"), "neuf");
+    files.remove(at(u"ANIMAUX.DBS"));
+    EXPECT_EQ(folder.list(), std::vector<std::string>{"copie"});
+}
+
+TEST_F(FileNamesTest, FoldersOnTheWayAreCaseBlindToo) {
+    folder.write(u"Mask/Thèmes/Été.Dbs", "x");
+    EXPECT_EQ(files.read(at(u"MASK/THÈMES/ÉTÉ.DBS")), "x");
+    EXPECT_TRUE(files.folderExists(at(u"mask/thèmes/")));
+    EXPECT_EQ(files.list(at(u"mask/THÈMES"), u"*.DBS"), std::vector<Texte>{u"Été.Dbs"});
+    files.replace(at(u"mask/thèmes/nouveau"), "y");
+    EXPECT_TRUE(folder.exists(u"Mask/Thèmes/nouveau"));
+}
+
+TEST_F(FileNamesTest, AFolderIsMadeInsideTheOneThatIsMeantAndNotTwice) {
+    folder.makeFolder(u"Scores");
+    files.makeFolder(at(u"SCORES/2026"));
+    EXPECT_TRUE(folder.exists(u"Scores/2026"));
+    EXPECT_EQ(failureNumber([&] { files.makeFolder(at(u"scores")); }), failure::pathAccess);
+    EXPECT_EQ(folder.list(), (std::vector<std::string>{"Scores/", "Scores/2026/"}));
+}
+
+TEST_F(FileNamesTest, AnAccentIsNoCase) {
+    folder.write(u"été", "x");
+    EXPECT_FALSE(files.exists(at(u"ete")));
+    EXPECT_FALSE(files.exists(at(u"ETE")));
+    EXPECT_TRUE(files.exists(at(u"ÉTÉ")));
+}
+
+TEST_F(FileNamesTest, TheExactNameWinsOverAnotherCase) {
+    folder.write(u"base", "petite");
+    folder.write(u"BASE", "grande");
+    EXPECT_EQ(files.read(at(u"base")), "petite");
+    EXPECT_EQ(files.read(at(u"BASE")), "grande");
+    EXPECT_EQ(files.read(at(u"Base")), "grande") << "of two the first in order of the bytes";
+}
+
+TEST_F(FileNamesTest, AFileMadeAfterAFirstLookIsFound) {
+    folder.write(u"a", "x");
+    EXPECT_FALSE(files.exists(at(u"NOUVEAU")));
+    folder.write(u"nouveau", "y");
+    EXPECT_TRUE(files.exists(at(u"NOUVEAU")));
+    folder.write(u"autre", "z");
+    EXPECT_EQ(files.read(at(u"AUTRE")), "z");
+}
+
+TEST_F(FileNamesTest, AFileDeletedAndMadeAgainUnderAnotherCaseIsFound) {
+    folder.write(u"Base.dbs", "1");
+    EXPECT_EQ(files.read(at(u"BASE.DBS")), "1");
+    std::filesystem::remove(folder.bytePath(u"Base.dbs"));
+    EXPECT_FALSE(files.exists(at(u"BASE.DBS")));
+    folder.write(u"bASE.dbs", "2");
+    EXPECT_EQ(files.read(at(u"BASE.DBS")), "2");
+    std::filesystem::rename(folder.bytePath(u"bASE.dbs"), folder.bytePath(u"base.Dbs"));
+    EXPECT_EQ(files.read(at(u"BASE.DBS")), "2");
+}
+
+TEST_F(FileNamesTest, AMissingFileIsMadeUnderTheNameAsItIsGiven) {
+    RecordFile(files, at(u"Nouvelle.Dbs"), 84);
+    files.replace(at(u"Autre.Txt"), "");
+    EXPECT_EQ(folder.list(), (std::vector<std::string>{"Autre.Txt", "Nouvelle.Dbs"}));
+}
+
+TEST_F(FileNamesTest, TwoThousandFilesUnderAnotherCaseTakeTimeInProportion) {
+    const auto seconds = [&](const Texte &place, int count) {
+        for (int i = 0; i < count; ++i) {
+            folder.write(place + u"/base" + decimal(i) + u".dbs", "x");
+        }
+        Files fresh;
+        const auto start = std::chrono::steady_clock::now();
+        for (int i = 0; i < count; ++i) {
+            EXPECT_EQ(fresh.length(at(place + u"/BASE" + decimal(i) + u".DBS")), 1);
+        }
+        return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    };
+    const double few = std::min(seconds(u"a", 250), seconds(u"b", 250));
+    const double many = seconds(u"c", 2000);
+    EXPECT_LT(many, few * 8 * 4) << "8 times as many files; 64 times the work would be quadratic";
+}
+
+TEST_F(FileNamesTest, ListsThePlainFilesThatFitInOrderOfTheirCapitals) {
+    for (const Texte name : {u"b.DBS", u"A.dbs", u"é.dbs", u"c.Dbs", u"c.dbsx", u"dbs", u"z.txt"}) {
+        folder.write(name, "");
+    }
+    folder.makeFolder(u"dossier.dbs");
+    std::filesystem::create_symlink("b.DBS", folder.bytePath(u"lien.dbs"));
+    std::filesystem::create_symlink("absent", folder.bytePath(u"vide.dbs"));
+    std::filesystem::create_symlink("dossier.dbs", folder.bytePath(u"vers.dbs"));
+    EXPECT_EQ(files.list(folder.path(), u"*.dbs"),
+              (std::vector<Texte>{u"A.dbs", u"b.DBS", u"c.Dbs", u"lien.dbs", u"é.dbs"}));
+    EXPECT_EQ(files.list(folder.path() + u'/', u"*.DBS"), files.list(folder.path(), u"*.dbs"));
+}
+
+TEST_F(FileNamesTest, AFolderThatIsMissingListsNothing) {
+    folder.write(u"fichier", "");
+    EXPECT_TRUE(files.list(at(u"absent"), u"*").empty());
+    EXPECT_TRUE(files.list(at(u"fichier"), u"*").empty());
+}
+
+struct PatternRow {
+    Texte name, pattern;
+    bool fits;
+};
+
+TEST(Pattern, StarsAndQuestionMarksAreCaseBlind) {
+    const PatternRow rows[] = {
+        {u"IMG01.BMP", u"IMG??.BMP", true},
+        {u"img1a.bmp", u"IMG??.BMP", true},
+        {u"IMG1.BMP", u"IMG??.BMP", false},
+        {u"IMG001.BMP", u"IMG??.BMP", false},
+        {u"IMG01.BMPX", u"IMG??.BMP", false},
+        {u"XIMG01.BMP", u"IMG??.BMP", false},
+        {u"a.dbs", u"*.DBS", true},
+        {u".dbs", u"*.dbs", true},
+        {u"a.dbs.dbs", u"*.dbs", true},
+        {u"adbs", u"*.dbs", false},
+        {u"été.dbs", u"ÉTÉ.*", true},
+        {u"", u"*", true},
+        {u"", u"", true},
+        {u"a", u"", false},
+        {u"", u"?", false},
+        {u"abcabd", u"*ab?", true},
+        {u"aXbXc", u"a*b*c", true},
+        {u"aXbX", u"a*b*c", false},
+        {u"abc", u"abc***", true},
+        {u"a", u"**?", true},
+    };
+    for (const PatternRow &row : rows) {
+        EXPECT_EQ(matches(row.name, row.pattern), row.fits)
+            << toUtf8(row.name) << " " << toUtf8(row.pattern);
+    }
+}
+
+// The definition itself, without any care for time.
+bool fits(std::u16string_view name, std::u16string_view pattern) {
+    if (pattern.empty()) {
+        return name.empty();
+    }
+    if (pattern.front() == u'*') {
+        return fits(name, pattern.substr(1)) || (!name.empty() && fits(name.substr(1), pattern));
+    }
+    return !name.empty() &&
+           (pattern.front() == u'?' || upper(pattern.front()) == upper(name.front())) &&
+           fits(name.substr(1), pattern.substr(1));
+}
+
+RC_GTEST_PROP(Pattern, AgreesWithItsDefinition, ()) {
+    const auto text = [](const Texte &alphabet) {
+        Texte made;
+        const int length = *rc::gen::inRange(0, 8);
+        for (int i = 0; i < length; ++i) {
+            made += alphabet[*rc::gen::inRange<std::size_t>(0, alphabet.size())];
+        }
+        return made;
+    };
+    const Texte name = text(u"abA"), pattern = text(u"abA**?");
+    RC_CLASSIFY(fits(name, pattern));
+    RC_ASSERT(matches(name, pattern) == fits(name, pattern));
+}
+
+TEST(InsideFolder, TakesAPlainNameAsItIs) {
+    for (const Texte name : {u"ANIMAUX.DBS", u"Été 2026.dbs", u".cache", u"a..b", u"...a", u"é",
+                             u"a'b!#$%&()-@^_`{}~+,;=[]"}) {
+        EXPECT_EQ(insideFolder(name), name);
+    }
+}
+
+TEST(InsideFolder, ANameThatCouldLeadElsewhereIs64) {
+    for (const Texte &name :
+         {Texte(u""),    Texte(u"."),     Texte(u".."),   Texte(u"..."),     Texte(u"../a"),
+          Texte(u"a/b"), Texte(u"/a"),    Texte(u"a\\b"), Texte(u"..\\a"),   Texte(u"C:"),
+          Texte(u"C:a"), Texte(u"*.dbs"), Texte(u"a?"),   Texte(u"a\"b"),    Texte(u"<a"),
+          Texte(u"a>"),  Texte(u"a|b"),   Texte(u"a\nb"), Texte(u"a\u007F"), Texte(u"a\0b", 3)}) {
+        EXPECT_EQ(failureNumber([&] { insideFolder(name); }), failure::badFileName) << toUtf8(name);
+    }
+}
+
+TEST(AsFolder, EndsInOneSeparator) {
+    EXPECT_EQ(asFolder(u"/jeu"), u"/jeu/");
+    EXPECT_EQ(asFolder(u"/jeu/"), u"/jeu/");
+    EXPECT_EQ(asFolder(u""), u"/");
+}
+
+} // namespace
+} // namespace grimoval
