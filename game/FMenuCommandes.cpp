@@ -3,6 +3,7 @@
 #include "game/FMenu.h"
 
 #include "shell/GLBPAROL.h"
+#include "shell/mdClvUtil.h"
 
 namespace grimoval {
 
@@ -16,6 +17,9 @@ void FMenu::CmdTjr_Click(int index) {
         StopperPartie();
         break;
     case 1:
+        PreparerAide(g);
+        g.VBTINI.Cle = u"Index";
+        g.VBTINI.Action(Clvutil::montrerAide);
         break;
     case 2:
         NouvellePartie();

@@ -281,7 +281,7 @@ public:
     void Clear() { Rows = {}; }
     Texte cell(int row, int column) const;
 
-    Property<std::vector<std::vector<Texte>>> Rows{*this, "Cell"};
+    Property<grimoval::Rows> Rows{*this, "Cell"};
     std::vector<int> columnWidths; // twips
     std::vector<bool> mergedRows;  // rows whose equal neighbours become one cell
 };

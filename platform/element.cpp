@@ -53,13 +53,24 @@ std::string shownValue(const std::vector<Texte> &value) {
     return text;
 }
 
-std::string shownValue(const std::vector<std::vector<Texte>> &value) {
+std::string shownValue(const Rows &value) {
     std::string text;
     for (const auto &row : value) {
         text += text.empty() ? "" : " | ";
         text += shownValue(row);
     }
     return text;
+}
+
+std::vector<std::string> shownCells(const char *name, const Rows &value) {
+    std::vector<std::string> lines;
+    for (std::size_t row = 0; row < value.size(); ++row) {
+        for (std::size_t column = 0; column < value[row].size(); ++column) {
+            lines.push_back(std::string(name) + "(" + std::to_string(row) + ", " +
+                            std::to_string(column) + ") = " + shownValue(value[row][column]));
+        }
+    }
+    return lines;
 }
 
 } // namespace grimoval

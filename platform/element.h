@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <string>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -52,6 +53,8 @@ public:
     // The value as a transcript shows it: texts quoted with \" \\ and \n, Booleans Vrai and Faux,
     // colours #RRGGBB, numbers plain.
     virtual std::string shown() const = 0;
+    // The same as lines `Name = value`; a table gives one for each cell, `Cell(0, 1) = "3"`.
+    virtual std::vector<std::string> lines() const { return {name_ + (" = " + shown())}; }
 
     // The value of the design, which each loading of the window starts from.
     virtual void keepAsDesign() = 0;
@@ -84,7 +87,9 @@ std::string shownValue(int value);
 std::string shownValue(Colour value);
 std::string shownValue(const Texte &value);
 std::string shownValue(const std::vector<Texte> &value);
-std::string shownValue(const std::vector<std::vector<Texte>> &value);
+using Rows = std::vector<std::vector<Texte>>;
+std::string shownValue(const Rows &value);
+std::vector<std::string> shownCells(const char *name, const Rows &value);
 
 // Assigning an equal value does nothing; another one is stored and told to the mirror. `accept`
 // turns an assigned value into the one to hold, or throws; `assigned` is the event, if the kind of
@@ -131,6 +136,13 @@ public:
     }
 
     std::string shown() const override { return shownValue(value_); }
+    std::vector<std::string> lines() const override {
+        if constexpr (std::is_same_v<T, Rows>) {
+            return shownCells(name(), value_);
+        } else {
+            return PropertyBase::lines();
+        }
+    }
     void keepAsDesign() override { design_ = value_; }
     void resetToDesign() override { store(design_); }
 

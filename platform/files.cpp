@@ -105,9 +105,11 @@ void failForPath(const std::string &path, int systemError) {
     fail(systemError);
 }
 
+constexpr int alwaysFlags = O_CLOEXEC | O_NONBLOCK;
+
 // Plain files only: a pipe or a device in a file's place would keep the program waiting.
 int openOrFail(const std::string &path, int flags) {
-    const int descriptor = ::open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK, 0666);
+    const int descriptor = ::open(path.c_str(), flags | alwaysFlags, 0666);
     if (descriptor < 0) {
         failForPath(path, errno);
     }
@@ -177,11 +179,17 @@ const Texte &insideFolder(const Texte &name) {
 RecordFile::RecordFile(Files &files, const Texte &path, int recordLength)
     : descriptor_(-1), recordLength_(recordLength) {
     const std::string name = files.resolve(path);
-    descriptor_ = ::open(name.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NONBLOCK, 0666);
+    descriptor_ = ::open(name.c_str(), O_RDWR | alwaysFlags);
+    if (descriptor_ < 0 && errno == ENOENT) {
+        descriptor_ = ::open(name.c_str(), O_RDWR | O_CREAT | alwaysFlags, 0666);
+        if (descriptor_ >= 0) {
+            files.stamp(descriptor_);
+        }
+    }
     if (descriptor_ < 0) {
         const int writing = errno;
         if (writing == EACCES || writing == EPERM || writing == EROFS) {
-            descriptor_ = ::open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+            descriptor_ = ::open(name.c_str(), O_RDONLY | alwaysFlags);
         }
         if (descriptor_ < 0) {
             failForPath(name, writing);
@@ -238,6 +246,27 @@ std::string RecordFile::read(std::int64_t number) const {
     return record;
 }
 
+AppendFile::AppendFile(Files &files, const Texte &path) : files_(files) {
+    const bool there = files.exists(path);
+    descriptor_ = openOrFail(files.resolve(path), O_WRONLY | O_CREAT | O_APPEND);
+    if (!there) {
+        files.stamp(descriptor_);
+    }
+}
+
+AppendFile::~AppendFile() { ::close(descriptor_); }
+
+void AppendFile::write(const std::string &bytes) {
+    writeAll(descriptor_, bytes.data(), bytes.size());
+    files_.stamp(descriptor_);
+}
+
+void AppendFile::flush() {
+    if (::fsync(descriptor_) != 0) {
+        fail(errno);
+    }
+}
+
 bool Files::exists(const Texte &path) {
     struct stat status {};
     return ::stat(resolve(path).c_str(), &status) == 0;
@@ -269,6 +298,26 @@ DateTime Files::lastWrite(const Texte &path) {
             local.tm_hour,        local.tm_min,     local.tm_sec};
 }
 
+void Files::stamp(int descriptor) const {
+    if (!writeTime) {
+        return;
+    }
+    const DateTime time = writeTime();
+    std::tm local{};
+    local.tm_year = time.year - 1900;
+    local.tm_mon = time.month - 1;
+    local.tm_mday = time.day;
+    local.tm_hour = time.hour;
+    local.tm_min = time.minute;
+    local.tm_sec = time.second;
+    local.tm_isdst = -1;
+    const timespec moment{std::mktime(&local), 0};
+    const timespec both[2] = {moment, moment};
+    if (::futimens(descriptor, both) != 0) {
+        fail(errno);
+    }
+}
+
 void Files::remove(const Texte &path) {
     const std::string name = resolve(path);
     if (::unlink(name.c_str()) != 0) {
@@ -281,6 +330,10 @@ void Files::copy(const Texte &from, const Texte &to) {
     const std::string content = readAll(source);
     const Descriptor target(openOrFail(resolve(to), O_WRONLY | O_CREAT | O_TRUNC));
     writeAll(target, content.data(), content.size());
+    stamp(target);
+    if (::fsync(target) != 0) {
+        fail(errno);
+    }
 }
 
 std::string Files::read(const Texte &path) {
@@ -294,6 +347,7 @@ void Files::replace(const Texte &path, const std::string &bytes) {
     try {
         const Descriptor file(openOrFail(fresh, O_WRONLY | O_CREAT | O_TRUNC));
         writeAll(file, bytes.data(), bytes.size());
+        stamp(file);
         if (::fsync(file) != 0) {
             fail(errno);
         }

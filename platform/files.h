@@ -7,6 +7,7 @@
 #include "platform/failure.h"
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <string>
 #include <unordered_map>
@@ -57,6 +58,22 @@ private:
     int recordLength_;
 };
 
+// A file that only grows. Creates a missing one. Closed when it goes.
+class AppendFile {
+public:
+    AppendFile(Files &files, const Texte &path);
+    ~AppendFile();
+    AppendFile(const AppendFile &) = delete;
+    AppendFile &operator=(const AppendFile &) = delete;
+
+    void write(const std::string &bytes);
+    void flush(); // on the disk when it returns
+
+private:
+    Files &files_;
+    int descriptor_;
+};
+
 class Files {
 public:
     bool exists(const Texte &path);
@@ -65,7 +82,7 @@ public:
     std::int64_t length(const Texte &path);   // bytes
     DateTime lastWrite(const Texte &path);    // local time
     void remove(const Texte &path);
-    void copy(const Texte &from, const Texte &to); // replaces
+    void copy(const Texte &from, const Texte &to); // replaces; on the disk when it returns
     std::string read(const Texte &path);           // the whole file
     // Puts a whole new content in the place of a file, or leaves the old one whole.
     void replace(const Texte &path, const std::string &bytes);
@@ -75,6 +92,10 @@ public:
 
     // The path on the disk that a name stands for.
     std::string resolve(const Texte &path);
+
+    // Where it is set, what is created or written bears this time instead of the system's.
+    std::function<DateTime()> writeTime;
+    void stamp(int descriptor) const;
 
 private:
     // The names of a folder by their capitals, as of a last-write time of the folder.

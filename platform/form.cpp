@@ -66,7 +66,7 @@ void Form::activateAndPaint() {
 
 void Form::show() {
     load();
-    if (shown_) {
+    if (!loaded_ || shown_) {
         return;
     }
     shown_ = true;
@@ -214,7 +214,7 @@ bool Form::navigate(const Key &key) {
 }
 
 void Form::pressKey(Key key) {
-    if (!previewKey(key) || navigate(key)) {
+    if (!previewKey(key) || key.alt || navigate(key)) {
         return;
     }
     auto *field = dynamic_cast<TextField *>(focus());

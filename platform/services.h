@@ -2,6 +2,7 @@
 // What the program asks of the world outside its windows and files, one small interface a thing.
 #pragma once
 
+#include "platform/canvas.h"
 #include "platform/files.h"
 #include "platform/form.h"
 
@@ -62,6 +63,7 @@ struct Services {
     Sound &sound;
     Documents &documents;
     Application &application;
+    Canvas &printer;
 };
 
 } // namespace grimoval

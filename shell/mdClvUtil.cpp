@@ -97,4 +97,8 @@ void EcrireConfigSon(Globales &g, const Int16 &quoi) {
     g.VBTINI.Action(Clvutil::ecrireCle);
 }
 
+void PreparerAide(Globales &g) {
+    g.VBTINI.FichierAide = asFolder(g.dossiers.DossierAppli) + trim(Application::title) + u".HLP";
+}
+
 } // namespace grimoval

@@ -48,6 +48,31 @@ struct RecordedDocuments : Documents {
     void writeMail(const Texte &address) override;
 };
 
+// A page recorded: `page texte X Y "..."`, `page ligne X1 Y1 X2 Y2`, `page cadre X1 Y1 X2 Y2`,
+// `page fin`, in the printer's unit. Without a printer every operation is failure 482.
+struct RecordedPrinter : Canvas {
+    explicit RecordedPrinter(Sink toSink) : sink(std::move(toSink)) {}
+
+    struct Measures {
+        double width, character, line;
+    };
+    std::optional<Measures> measures;
+    Sink sink;
+
+    double pageWidth() override { return printer().width; }
+    double textWidth(const Texte &text) override {
+        return static_cast<double>(text.size()) * printer().character;
+    }
+    double textHeight(const Texte & /*text*/) override { return printer().line; }
+    void drawText(double x, double y, const Texte &text) override;
+    void drawLine(double x1, double y1, double x2, double y2) override;
+    void drawRectangle(double x1, double y1, double x2, double y2) override;
+    void endDocument() override;
+
+private:
+    const Measures &printer() const;
+};
+
 struct ScriptedApplication : Application {
     Texte folder; // without a separator at its end
     std::optional<Texte> userData;

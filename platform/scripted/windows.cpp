@@ -22,7 +22,9 @@ void Windows::changed(Element &element, PropertyBase &property) {
     if (dynamic_cast<Screen *>(&element) != nullptr) {
         sink_("pointeur " + property.shown());
     } else {
-        sink_(element.path() + "." + property.name() + " = " + property.shown());
+        for (const std::string &line : property.lines()) {
+            sink_(element.path() + "." + line);
+        }
     }
 }
 

@@ -25,7 +25,8 @@ struct World {
     scripted::RecordedSound sound{sink()};
     scripted::RecordedDocuments documents{sink()};
     scripted::ScriptedApplication application;
-    Services services{screen, files, clock, random, sound, documents, application};
+    scripted::RecordedPrinter printer{sink()}; // none, until it has measures
+    Services services{screen, files, clock, random, sound, documents, application, printer};
 
 private:
     scripted::Sink sink() {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tools/script/commands.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <istream>
@@ -215,7 +216,16 @@ Refusal Interpreter::prepare(const Words &words) {
         }
         return {};
     }
-    return "commande inconnue";
+    // imprimante: page width, character width and line height, in its page unit.
+    std::vector<double> measures;
+    for (std::size_t i = 1; i < words.size(); ++i) {
+        measures.push_back(numericValue(words[i]).value_or(-1));
+    }
+    if (measures.size() != 3 || *std::min_element(measures.begin(), measures.end()) < 0) {
+        return "arguments";
+    }
+    around_.printer = {measures[0], measures[1], measures[2]};
+    return {};
 }
 
 void Interpreter::start(const Words &words) {

@@ -23,14 +23,16 @@ Program::Program(Surroundings &around, const std::shared_ptr<bool> &over,
                  const Texte &folder, const std::optional<Texte> &userData)
     : scripted::Windows(files_, whileRunning(over, sink)), over_(over),
       sink_(whileRunning(over, sink)), converse_(std::move(converse)), sound_(sink_),
-      documents_(sink_), wheel_(screen, around.clock),
-      services_{screen, files_, around.clock, around.random, sound_, documents_, application_},
+      documents_(sink_), printer_(sink_), wheel_(screen, around.clock),
+      services_{screen, files_, around.clock, around.random, sound_, documents_, application_, printer_},
       g_(services_), windows_(g_) {
     wheel = &wheel_;
+    files_.writeTime = [&around] { return around.clock.now(); };
     width = around.width;
     height = around.height;
     sound_.wave = around.wave;
     sound_.midi = around.midi;
+    printer_.measures = around.printer;
     application_.folder = folder;
     application_.userData = userData;
 }
@@ -51,7 +53,9 @@ void Program::printState() {
     printVariables(g_, windows_.menu, sink_);
     const auto print = [this](const Element &element) {
         for (const PropertyBase *property : element.properties()) {
-            sink_(element.path() + "." + property->name() + " = " + property->shown());
+            for (const std::string &line : property->lines()) {
+                sink_(element.path() + "." + line);
+            }
         }
     };
     for (const Form *form : screen.loaded()) {

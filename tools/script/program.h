@@ -5,6 +5,10 @@
 #include "bases/FCHoix.h"
 #include "bases/FLstTitre.h"
 #include "platform/scripted/services.h"
+#include "scores/FScore2.h"
+#include "shell/FAbout.h"
+#include "shell/FOption.h"
+#include "shell/Fmsg1.h"
 #include "shell/MAINGRIM.h"
 
 namespace grimoval::script {
@@ -13,6 +17,7 @@ namespace grimoval::script {
 struct Surroundings {
     int width = 15360, height = 11520; // twips
     bool wave = true, midi = true;
+    std::optional<scripted::RecordedPrinter::Measures> printer;
     scripted::ScriptedClock clock;
     scripted::ScriptedRandom random;
 };
@@ -20,9 +25,14 @@ struct Surroundings {
 // The windows of the real program, in one place for the tools and the tests.
 struct Windows {
     explicit Windows(Globales &g)
-        : splash(g), plein(g), menu(g), titres(g, menu), nom(g), choix(g, nom) {
+        : splash(g), plein(g), menu(g), titres(g, menu), nom(g), choix(g, nom), score(g),
+          question(g), option(g), about(g) {
         menu.fenetres.FLstTitre = &titres;
         menu.fenetres.FCHoix = &choix;
+        menu.fenetres.FScore2 = &score;
+        menu.fenetres.FOption = &option;
+        menu.fenetres.FAbout = &about;
+        menu.fenetres.DemanderQuitter = [this, &g] { DemanderQuitter(g, question); };
     }
     frmSplash splash;
     Fplein plein;
@@ -30,6 +40,10 @@ struct Windows {
     FLstTitre titres;
     Fnom nom;
     FCHoix choix;
+    FScore2 score;
+    Fmsg1 question;
+    FOption option;
+    FAbout about;
 };
 
 class Program : private scripted::Windows {
@@ -59,6 +73,7 @@ private:
     scripted::RecordedSound sound_;
     scripted::RecordedDocuments documents_;
     scripted::ScriptedApplication application_;
+    scripted::RecordedPrinter printer_;
     scripted::TimeWheel wheel_;
     Services services_;
     Globales g_;
