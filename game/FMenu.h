@@ -18,7 +18,7 @@ class FMenu : public Fenetre {
 public:
     explicit FMenu(Globales &g);
 
-    // Windows that commands open. One that is not there yet leaves its command without effect.
+    // What commands open.
     struct Fenetres {
         Form *FLstTitre = nullptr, *FCHoix = nullptr, *FOption = nullptr, *FAbout = nullptr,
              *FScore2 = nullptr;

@@ -162,9 +162,7 @@ void FMenu::StopperPartie() {
     CmdCfg[0].Inactif = false;
     CmdTjr[2].Inactif = false;
     screen().processEvents();
-    if (fenetres.FScore2 != nullptr) {
-        AfficherModal(g, *fenetres.FScore2);
-    }
+    AfficherModal(g, *fenetres.FScore2);
     AffMot[0].ForeColor = colours::blue;
     AffMot[0].Caption = u"";
     afficherInvitation();
@@ -175,9 +173,7 @@ void FMenu::StopperPartie() {
 
 void FMenu::CmdCfg_Click(int index) {
     if (index == 1) {
-        if (fenetres.FOption != nullptr) {
-            AfficherModal(g, *fenetres.FOption);
-        }
+        AfficherModal(g, *fenetres.FOption);
         return;
     }
     g.ReponseFenetre = 0;
@@ -201,9 +197,7 @@ void FMenu::lblAbout_Click() {
     if (FluxActif) {
         desarmerFlux();
     }
-    if (fenetres.FAbout != nullptr) {
-        AfficherModal(g, *fenetres.FAbout);
-    }
+    AfficherModal(g, *fenetres.FAbout);
     if (FluxActif) {
         FluxArme = true;
         FluReflec.Lancer();
@@ -215,9 +209,6 @@ void FMenu::Image1_Click() {
 }
 
 void FMenu::Form_QueryUnload(bool &cancel, UnloadMode /*mode*/) {
-    if (!fenetres.DemanderQuitter) {
-        return;
-    }
     g.FenetreModale = true;
     if (FluxActif) {
         FluxArme = false;
@@ -236,7 +227,7 @@ void FMenu::Form_QueryUnload(bool &cancel, UnloadMode /*mode*/) {
         return;
     }
     screen().processEvents();
-    if (fenetres.FScore2 != nullptr && g.scores.NbMotsProposes >= 1 && g.scores.NbMotsBase >= 1) {
+    if (g.scores.NbMotsProposes >= 1 && g.scores.NbMotsBase >= 1) {
         AfficherModal(g, *fenetres.FScore2);
     }
     JouerParole(g, parole::auRevoir);

@@ -51,13 +51,21 @@ void examinerListe(Globales &g) {
 
 } // namespace
 
-void Main(Globales &g, frmSplash &splash, Fplein &plein, FMenu &menu) {
+FenetresDuJeu::FenetresDuJeu(Globales &g)
+    : splash(g), plein(g), menu(g), titres(g, menu), nom(g), choix(g, nom), score(g), question(g),
+      option(g), about(g) {
+    menu.fenetres = {&titres, &choix, &option, &about, &score,
+                     [this, &g] { DemanderQuitter(g, question); }};
+}
+
+void Main(Globales &g, FenetresDuJeu &fenetres) {
+    FMenu &menu = fenetres.menu;
     Application &application = g.services.application;
     Screen &ecran = g.services.screen;
     if (application.previousInstance()) {
         application.end();
     }
-    splash.showModal();
+    fenetres.splash.showModal();
     TrouverDossierUtilisateur(g);
     g.SautLigne = u"\n";
     g.BoutonSite = true;
@@ -72,7 +80,7 @@ void Main(Globales &g, frmSplash &splash, Fplein &plein, FMenu &menu) {
     LireConfigSon(g);
     LireConfigJeu(g);
     if (ecran.Width() > petitEcran) {
-        plein.show();
+        fenetres.plein.show();
         ecran.processEvents();
     }
     g.base.BaseChargee = false;

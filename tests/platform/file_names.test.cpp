@@ -9,7 +9,6 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <gtest/gtest.h>
-#include <rapidcheck/gtest.h>
 #include <sys/stat.h>
 
 namespace grimoval {
@@ -91,6 +90,37 @@ TEST_F(FileNamesTest, AFileDeletedAndMadeAgainUnderAnotherCaseIsFound) {
     EXPECT_EQ(files.read(at(u"BASE.DBS")), "2");
     std::filesystem::rename(folder.bytePath(u"bASE.dbs"), folder.bytePath(u"base.Dbs"));
     EXPECT_EQ(files.read(at(u"BASE.DBS")), "2");
+}
+
+// The file system's clock may stand still between two changes, or be set back.
+TEST_F(FileNamesTest, AChangeThatTheFoldersTimeDoesNotTellIsSeen) {
+    struct stat status {};
+    const std::string bytes = toUtf8(folder.path());
+    folder.write(u"Base.dbs", "1");
+    EXPECT_EQ(files.read(at(u"BASE.DBS")), "1");
+    ASSERT_EQ(::stat(bytes.c_str(), &status), 0);
+    const timespec same[2] = {status.st_atim, status.st_mtim};
+    folder.write(u"nouveau", "2");
+    std::filesystem::rename(folder.bytePath(u"Base.dbs"), folder.bytePath(u"bASE.dbs"));
+    ASSERT_EQ(::utimensat(AT_FDCWD, bytes.c_str(), same, 0), 0);
+    EXPECT_EQ(files.read(at(u"NOUVEAU")), "2");
+    EXPECT_EQ(files.read(at(u"BASE.DBS")), "1");
+    folder.write(u"dernier", "3");
+    const timespec lastYear[2] = {{1'735'689'600, 0}, {1'735'689'600, 0}};
+    ASSERT_EQ(::utimensat(AT_FDCWD, bytes.c_str(), lastYear, 0), 0);
+    EXPECT_EQ(files.read(at(u"DERNIER")), "3");
+}
+
+TEST_F(FileNamesTest, AFileRenamedWithinOneTickOfTheFoldersClockIsFound) {
+    struct stat status {};
+    const std::string bytes = toUtf8(folder.path());
+    folder.write(u"Base.dbs", "1");
+    EXPECT_EQ(files.read(at(u"BASE.DBS")), "1");
+    ASSERT_EQ(::stat(bytes.c_str(), &status), 0);
+    const timespec same[2] = {status.st_atim, status.st_mtim};
+    std::filesystem::rename(folder.bytePath(u"Base.dbs"), folder.bytePath(u"bASE.dbs"));
+    ASSERT_EQ(::utimensat(AT_FDCWD, bytes.c_str(), same, 0), 0);
+    EXPECT_EQ(files.read(at(u"BASE.DBS")), "1");
 }
 
 TEST_F(FileNamesTest, AMissingFileIsMadeUnderTheNameAsItIsGiven) {
@@ -190,18 +220,24 @@ bool fits(std::u16string_view name, std::u16string_view pattern) {
            fits(name.substr(1), pattern.substr(1));
 }
 
-RC_GTEST_PROP(Pattern, AgreesWithItsDefinition, ()) {
-    const auto text = [](const Texte &alphabet) {
-        Texte made;
-        const int length = *rc::gen::inRange(0, 8);
-        for (int i = 0; i < length; ++i) {
-            made += alphabet[*rc::gen::inRange<std::size_t>(0, alphabet.size())];
+// Every text of the characters up to a length.
+std::vector<Texte> texts(const Texte &characters, std::size_t longest) {
+    std::vector<Texte> all = {u""};
+    for (std::size_t i = 0; all[i].size() < longest; ++i) {
+        for (const char16_t character : characters) {
+            all.push_back(all[i] + character);
         }
-        return made;
-    };
-    const Texte name = text(u"abA"), pattern = text(u"abA**?");
-    RC_CLASSIFY(fits(name, pattern));
-    RC_ASSERT(matches(name, pattern) == fits(name, pattern));
+    }
+    return all;
+}
+
+TEST(Pattern, AgreesWithItsDefinitionForEveryShortNameAndPattern) {
+    for (const Texte &pattern : texts(u"aB*?", 5)) {
+        for (const Texte &name : texts(u"ab", 4)) {
+            ASSERT_EQ(matches(name, pattern), fits(name, pattern))
+                << toUtf8(name) << " " << toUtf8(pattern);
+        }
+    }
 }
 
 TEST(InsideFolder, TakesAPlainNameAsItIs) {

@@ -6,8 +6,12 @@
 #include "support/failures.h"
 #include "support/temporary_folder.h"
 
+#include <csignal>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace grimoval {
 namespace {
@@ -151,8 +155,15 @@ TEST_F(RefusalsTest, NoOperationLeavesAFileOpen) {
 }
 
 TEST_F(RefusalsTest, AProgramThatRunsIs55ForWriting) {
-    const Texte program = fromUtf8(fs::read_symlink("/proc/self/exe").string());
-    EXPECT_EQ(failureNumber([&] { RecordFile(files, program, 84); }), failure::fileAlreadyOpen);
+    fs::copy_file("/bin/sleep", folder.bytePath(u"programme"));
+    std::string name = folder.bytePath(u"programme"), seconds = "60";
+    char *const arguments[] = {name.data(), seconds.data(), nullptr};
+    pid_t child = 0;
+    ASSERT_EQ(::posix_spawn(&child, name.c_str(), nullptr, nullptr, arguments, environ), 0);
+    EXPECT_EQ(failureNumber([&] { RecordFile(files, at(u"programme"), 84); }),
+              failure::fileAlreadyOpen);
+    ::kill(child, SIGKILL);
+    ::waitpid(child, nullptr, 0);
 }
 
 } // namespace

@@ -36,6 +36,7 @@ TEST(FrenchOrder, LigaturesAreTheirTwoLetters) {
     EXPECT_LT(compareFrench(u"œil", u"oeils"), 0);
     EXPECT_LT(compareFrench(u"adx", u"æ"), 0);
     EXPECT_LT(compareFrench(u"æ", u"af"), 0);
+    EXPECT_LT(compareFrench(u"œéa", u"óeêa"), 0) << "the accents behind keep their places";
 }
 
 TEST(FrenchOrder, AccentsWeighMoreThanCase) {

@@ -69,10 +69,7 @@ const std::vector<Row> &rows() {
         {[](W &w) { w.shape.Visible = false; }, "FEssai.Forme.Visible = Faux"},
         {[](W &w) { w.shape.BackColor = colours::green; }, "FEssai.Forme.BackColor = #00FF00"},
         {[](W &w) { w.shape.ForeColor = Colour{0x0A0B0C}; }, "FEssai.Forme.ForeColor = #0A0B0C"},
-        {[](W &w) {
-             w.table.Rows = Rows{{u"a"}};
-         },
-         R"(FEssai.Tableau.Cell(0, 0) = "a")"},
+        {[](W &w) { w.table.Rows = Rows{{u"a"}}; }, R"(FEssai.Tableau.Cell(0, 0) = "a")"},
         {[](W &w) { w.timer.Interval = 1000; }, "FEssai.Minuterie.Interval = 1000"},
         {[](W &w) { w.timer.Enabled = false; }, "FEssai.Minuterie.Enabled = Faux"},
     };
@@ -114,7 +111,8 @@ TEST(Properties, TheTableOfThisTestLeavesNoneOutButTheSelection) {
     const EveryControl window(world.screen);
     std::set<std::string> tested = {"FEssai.Liste.ListIndex"}; // needs entries: below
     for (const Row &row : rows()) {
-        tested.insert(row.told.substr(0, row.told.find(" = ")));
+        const std::string name = row.told.substr(0, row.told.find(" = "));
+        tested.insert(name.substr(0, name.find("(0, 0)")));
     }
     std::set<std::string> all;
     for (const PropertyBase *property : everyProperty(window)) {
@@ -132,6 +130,32 @@ TEST(Properties, TheSelectionIsToldOnce) {
     window.list.ListIndex = 1;
     window.list.ListIndex = 1;
     EXPECT_EQ(world.windows.take(), Events{"FEssai.Liste.ListIndex = 1"});
+}
+
+TEST(Properties, EntriesThatComeAndGoAreToldEachTime) {
+    test::World world;
+    EveryControl window(world.screen);
+    window.load();
+    window.list.AddItem(u"a");
+    window.list.AddItem(u"b");
+    window.list.RemoveItem(0);
+    window.list.Clear();
+    window.list.Clear();
+    window.table.AddItem(u"1\t2");
+    EXPECT_EQ(world.windows.take(),
+              (Events{R"(FEssai.Liste.Items = "a")", R"(FEssai.Liste.Items = "a" "b")",
+                      R"(FEssai.Liste.Items = "b")", "FEssai.Liste.Items = ",
+                      R"(FEssai.Tableau.Cell(0, 0) = "1")", R"(FEssai.Tableau.Cell(0, 1) = "2")"}));
+}
+
+TEST(Properties, ATableIsToldCellByCell) {
+    test::World world;
+    EveryControl window(world.screen);
+    window.load();
+    window.table.Rows = Rows{{u"a", u""}, {}, {u"b"}};
+    EXPECT_EQ(world.windows.take(),
+              (Events{R"(FEssai.Tableau.Cell(0, 0) = "a")", R"(FEssai.Tableau.Cell(0, 1) = "")",
+                      R"(FEssai.Tableau.Cell(2, 0) = "b")"}));
 }
 
 TEST(Properties, AllGoBackToTheDesignWhenTheWindowIsLoadedAgainInSilence) {
@@ -194,7 +218,9 @@ TEST(ShownValue, ShowsBooleansColoursNumbersAndLists) {
     EXPECT_EQ(shownValue(Colour{0x00A1F0}), "#00A1F0");
     EXPECT_EQ(shownValue(-32768), "-32768");
     EXPECT_EQ(shownValue(std::vector<Texte>{}), "");
-    EXPECT_EQ(shownValue(std::vector<std::vector<Texte>>{}), "");
+    EXPECT_EQ(shownValue(std::vector<Texte>{u"a", u"b c"}), R"("a" "b c")");
+    EXPECT_EQ(shownValue(Rows{}), "");
+    EXPECT_EQ(shownValue(Rows{{u"a", u""}, {u"b"}}), R"("a" "" | "b")");
 }
 
 } // namespace

@@ -41,7 +41,7 @@ void Program::run() {
     // However it ends, the windows go with the process, and tell nobody.
     const std::unique_ptr<bool, void (*)(bool *)> atTheEnd(over_.get(), [](bool *over) { *over = true; });
     try {
-        Main(g_, windows_.splash, windows_.plein, windows_.menu);
+        Main(g_, windows_);
     } catch (const ProgramEnd &end) {
         sink_("fin " + std::to_string(end.status));
     } catch (const Failure &failure) {

@@ -2,13 +2,7 @@
 // The whole program on scripted services: every window, every rule, real files, no screen.
 #pragma once
 
-#include "bases/FCHoix.h"
-#include "bases/FLstTitre.h"
 #include "platform/scripted/services.h"
-#include "scores/FScore2.h"
-#include "shell/FAbout.h"
-#include "shell/FOption.h"
-#include "shell/Fmsg1.h"
 #include "shell/MAINGRIM.h"
 
 namespace grimoval::script {
@@ -20,30 +14,6 @@ struct Surroundings {
     std::optional<scripted::RecordedPrinter::Measures> printer;
     scripted::ScriptedClock clock;
     scripted::ScriptedRandom random;
-};
-
-// The windows of the real program, in one place for the tools and the tests.
-struct Windows {
-    explicit Windows(Globales &g)
-        : splash(g), plein(g), menu(g), titres(g, menu), nom(g), choix(g, nom), score(g),
-          question(g), option(g), about(g) {
-        menu.fenetres.FLstTitre = &titres;
-        menu.fenetres.FCHoix = &choix;
-        menu.fenetres.FScore2 = &score;
-        menu.fenetres.FOption = &option;
-        menu.fenetres.FAbout = &about;
-        menu.fenetres.DemanderQuitter = [this, &g] { DemanderQuitter(g, question); };
-    }
-    frmSplash splash;
-    Fplein plein;
-    FMenu menu;
-    FLstTitre titres;
-    Fnom nom;
-    FCHoix choix;
-    FScore2 score;
-    Fmsg1 question;
-    FOption option;
-    FAbout about;
 };
 
 class Program : private scripted::Windows {
@@ -77,7 +47,7 @@ private:
     scripted::TimeWheel wheel_;
     Services services_;
     Globales g_;
-    script::Windows windows_;
+    FenetresDuJeu windows_;
 };
 
 // Every public variable of the game, the settings, the current base and the score, one

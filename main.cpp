@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Le Grimoval: the services, the state and the windows, brought together. The one file that sees
+// both the program and the toolkit.
+#include "platform/qt/printing.h"
+#include "platform/qt/qtservices.h"
+#include "platform/qt/qtwindows.h"
+#include "platform/qt/sound.h"
+#include "shell/MAINGRIM.h"
+
+#include <QApplication>
+
+int main(int count, char **arguments) {
+    using namespace grimoval;
+    QApplication toolkit(count, arguments);
+
+    Files files;
+    QtApplication application;
+    QtWindows windows(files, application.path());
+    MixerSound sound(files);
+    QtClock clock;
+    QtRandom random;
+    QtDocuments documents(files);
+    QtPrinter printer;
+    Screen screen(windows);
+    Services services{screen, files, clock, random, sound, documents, application, printer};
+    Globales g(services);
+    FenetresDuJeu fenetres(g);
+
+    // The leave-taking is heard to its end after the last window has gone.
+    windows.guard().end = [&sound](int status) {
+        sound.finishWave(std::chrono::seconds(5));
+        endProcess(status);
+    };
+    windows.guard().run([&] { Main(g, fenetres); });
+}

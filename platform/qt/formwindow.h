@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The window that shows a form: its place, its background, the mirrors of its controls, its keys.
+#pragma once
+
+#include "platform/form.h"
+#include "platform/qt/guard.h"
+#include "platform/qt/mirror.h"
+#include "platform/qt/palette.h"
+#include "platform/qt/pictures.h"
+
+#include <QPixmap>
+#include <QWidget>
+
+#include <unordered_map>
+
+namespace grimoval {
+
+// What the windows share.
+struct Host {
+    Guard &guard;
+    Pictures &pictures;
+    double factor = 1;
+    // Nothing stands over the form: no modal window, no box.
+    std::function<bool(const Form &)> reaches;
+    // Events being handled, one inside the other; no window is deleted under any of them.
+    int depth = 0;
+    std::function<void()> idle; // the outermost one is done
+};
+
+class FormWindow : public QWidget {
+public:
+    FormWindow(Form &form, Host &host);
+    ~FormWindow() override;
+
+    // Null once the form is unloaded or gone.
+    Form *form() const { return form_; }
+    void detach();
+
+    void showOver(FormWindow *opener, bool modal);
+    void hideMirror();
+    void changed(const PropertyBase &property);
+    void changed(Control &control, const PropertyBase &property);
+    void focusMoved();
+
+    // The person acts: not while something stands over the window.
+    void door(const std::function<void(Form &)> &action);
+    // Time passes, or the window comes into view: also then.
+    void run(const std::function<void(Form &)> &action);
+    bool isOpen() const { return form_ != nullptr && host_.reaches(*form_); }
+
+    Mirror *mirrorOf(const Control *control) const;
+    Pictures &pictures() const { return host_.pictures; }
+    Surface surface() const { return surface_; }
+    double factor() const { return factor_; }
+    // Where a place of the design lies in the window.
+    QRect onScreen(const Place &place) const;
+    // Copies again what depends on whether this control is seen and what it says.
+    void refreshDependents(const Control &control);
+
+protected:
+    bool event(QEvent *event) override;
+    bool eventFilter(QObject *object, QEvent *event) override;
+    bool focusNextPrevChild(bool /*next*/) override { return false; }
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+
+private:
+    void makeMirrors();
+    void place();
+    void scaleTo(QSize size);
+    void setDecoration(bool modal);
+    void followFocus();
+    void followFocusLater();
+    void exposed();
+    // The ring of what Qt draws lies around it, on the window.
+    QRect ringOf(const QWidget *widget) const;
+
+    void pressKey(const QKeyEvent &event);
+    bool isRepeatWelcome(const QKeyEvent &event, const Control *focus) const;
+    void giveToWidget(QWidget &widget, const QKeyEvent &event);
+    void commit(QWidget &field, const QString &text);
+
+    Form *form_;
+    Host &host_;
+    Surface surface_;
+    QImage background_;
+    QPixmap painted_; // the background at the window's size
+    std::vector<std::unique_ptr<Mirror>> mirrors_;
+    std::unordered_map<const Control *, Mirror *> byControl_;
+    double factor_ = 1;
+    QPoint origin_;
+    bool isModal_ = false;
+    bool forwarding_ = false, following_ = false, followPending_ = false;
+    bool deadKey_ = false;
+    bool inView_ = false, seen_ = false;
+};
+
+// The control that the widget shows, if any.
+Control *controlOf(const FormWindow &window, const QObject *widget);
+
+} // namespace grimoval

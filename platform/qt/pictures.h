@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Picture files, read once each.
+#pragma once
+
+#include "platform/files.h"
+
+#include <QHash>
+#include <QImage>
+#include <QString>
+
+namespace grimoval {
+
+class Pictures {
+public:
+    Pictures(Files &files, const Texte &dataFolder);
+
+    // Failure 53 if there is no such file, 481 if it cannot be read as a picture.
+    void check(const Texte &path);
+    // A null image for what cannot be shown.
+    QImage image(const Texte &path);
+    // A picture stored in a window: `IMAGES/<name>.png` of the program's data.
+    QImage design(const std::string &name);
+    // The background of a window, drawn for its name; null if there is none.
+    QImage background(const std::string &name) { return design("fond_" + name); }
+
+private:
+    struct Entry {
+        qint64 writtenAt = 0, length = 0;
+        QImage image;
+    };
+    const QImage &read(const QString &file);
+
+    static constexpr int kept = 64; // pictures
+
+    Files &files_;
+    Texte folder_;
+    QHash<QString, Entry> entries_;
+};
+
+} // namespace grimoval

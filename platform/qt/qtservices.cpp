@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/qt/qtservices.h"
+
+#include "platform/qt/strings.h"
+
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QDesktopServices>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QStandardPaths>
+#include <QUrl>
+
+#include <chrono>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+namespace grimoval {
+
+DateTime QtClock::now() {
+    const QDateTime now = QDateTime::currentDateTime();
+    const QDate date = now.date();
+    const QTime time = now.time();
+    return {date.year(), date.month(), date.day(), time.hour(), time.minute(), time.second()};
+}
+
+void QtRandom::seed() {
+    const auto now =
+        static_cast<std::uint64_t>(std::chrono::system_clock::now().time_since_epoch().count());
+    std::seed_seq seeds{static_cast<std::uint32_t>(now), static_cast<std::uint32_t>(now >> 32)};
+    generator_.seed(seeds);
+}
+
+// As many bits as a float holds, so that nothing is rounded up to 1.
+float QtRandom::next() { return static_cast<float>(generator_() >> 8) * 0x1p-24F; }
+
+void QtDocuments::openWeb(const Texte &address) {
+    QDesktopServices::openUrl(QUrl::fromUserInput(toQt(address)));
+}
+
+void QtDocuments::writeMail(const Texte &address) {
+    QDesktopServices::openUrl(QUrl(toQt(address), QUrl::TolerantMode));
+}
+
+void QtDocuments::openDocument(const Texte &path) {
+    try {
+        const QString file = QString::fromStdString(files_.resolve(path));
+        if (QFileInfo(file).isFile()) {
+            QDesktopServices::openUrl(QUrl::fromLocalFile(file));
+        }
+    } catch (const Failure &) {
+        // A document that cannot be opened is not opened.
+    }
+}
+
+void QtDocuments::showHelp(const Texte & /*path*/, const Texte & /*keyword*/) {}
+
+QtApplication::~QtApplication() {
+    if (lock_ >= 0) {
+        ::close(lock_);
+    }
+}
+
+bool QtApplication::previousInstance() {
+    if (lock_ >= 0) {
+        return false;
+    }
+    QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    if (folder.isEmpty()) {
+        folder = QDir::tempPath();
+    }
+    const QString file =
+        folder + QStringLiteral("/grimoval-%1.lock").arg(static_cast<quint64>(::getuid()));
+    const int descriptor = ::open(QFile::encodeName(file).constData(),
+                                  O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
+    if (descriptor < 0) {
+        return false; // nobody is kept from playing for want of a lock
+    }
+    if (::flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
+        ::close(descriptor);
+        return true;
+    }
+    lock_ = descriptor;
+    return false;
+}
+
+std::string QtApplication::dataFolderFor(const std::string &programFolder) {
+    const QString own = QString::fromStdString(programFolder);
+    const QStringList bases =
+        QDir(own).entryList({QStringLiteral("mask")}, QDir::Dirs | QDir::NoDotAndDotDot);
+    if (!bases.isEmpty()) { // case-blind, as name filters are
+        return programFolder;
+    }
+    const QFileInfo shared(own + QStringLiteral("/../share/games/grimoval"));
+    return shared.isDir() ? shared.canonicalFilePath().toStdString() : programFolder;
+}
+
+Texte QtApplication::path() {
+    const QFileInfo program(QCoreApplication::applicationFilePath());
+    return fromUtf8(
+        dataFolderFor(QFileInfo(program.canonicalFilePath()).absolutePath().toStdString()));
+}
+
+std::optional<Texte> QtApplication::userDataFolder() {
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    // A new account may have no such place yet; one that cannot be made is none.
+    if (folder.isEmpty() || !QDir().mkpath(folder)) {
+        return std::nullopt;
+    }
+    return fromQt(folder);
+}
+
+} // namespace grimoval

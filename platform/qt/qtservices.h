@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The services of the system: clock, chance, documents, the application itself.
+#pragma once
+
+#include "platform/services.h"
+
+#include <random>
+#include <string>
+
+namespace grimoval {
+
+class QtClock : public Clock {
+public:
+    DateTime now() override;
+};
+
+class QtRandom : public Random {
+public:
+    void seed() override;
+    float next() override;
+
+private:
+    std::mt19937 generator_;
+};
+
+class QtDocuments : public Documents {
+public:
+    explicit QtDocuments(Files &files) : files_(files) {}
+    void openWeb(const Texte &address) override;
+    void openDocument(const Texte &path) override;
+    void showHelp(const Texte &path, const Texte &keyword) override;
+    void writeMail(const Texte &address) override;
+
+private:
+    Files &files_;
+};
+
+// Needs a QCoreApplication.
+class QtApplication : public Application {
+public:
+    ~QtApplication() override;
+    // By a lock that the kernel drops with the process, however it ends.
+    bool previousInstance() override;
+    Texte path() override;
+    std::optional<Texte> userDataFolder() override;
+
+    // The folder of the installed data for a program in this folder.
+    static std::string dataFolderFor(const std::string &programFolder);
+
+private:
+    int lock_ = -1;
+};
+
+} // namespace grimoval

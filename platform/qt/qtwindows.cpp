@@ -1,0 +1,193 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/qt/qtwindows.h"
+
+#include "platform/qt/accessibility.h"
+#include "platform/qt/messagebox.h"
+#include "platform/qt/nativeviews.h"
+
+#include <QApplication>
+#include <QEventLoop>
+#include <QScreen>
+
+#include <algorithm>
+
+namespace grimoval {
+
+QtWindows::QtWindows(Files &files, const Texte &dataFolder)
+    : guard_([this](const Message &report) { message(report); }), pictures_(files, dataFolder),
+      host_{guard_, pictures_, 1, {}, 0, {}} {
+    host_.reaches = [this](const Form &form) {
+        return boxes_.empty() && form.screen().reaches(form);
+    };
+    host_.idle = [this] { bury(); };
+    host_.factor = factorFor(QGuiApplication::primaryScreen()->geometry().size());
+    QGuiApplication::setQuitOnLastWindowClosed(false); // the program ends when it says so
+    dressApplication();
+    installAccessibility();
+}
+
+QtWindows::~QtWindows() {
+    for (const auto &[form, window] : windows_) {
+        window->detach();
+        delete window;
+    }
+    for (const QPointer<FormWindow> &window : graves_) {
+        delete window;
+    }
+    if (hourglass_) {
+        QGuiApplication::restoreOverrideCursor();
+    }
+}
+
+double QtWindows::factorFor(QSize screen) {
+    if (screen.width() < 800 || screen.height() < 600) {
+        return std::min(screen.width() / 800.0, screen.height() / 600.0);
+    }
+    return std::max(1.0, std::min(screen.width() * 0.92 / 800, screen.height() * 0.88 / 580));
+}
+
+FormWindow *QtWindows::windowOf(const Form &form) const {
+    const auto found = windows_.find(&form);
+    return found == windows_.end() ? nullptr : found->second;
+}
+
+QDialog *QtWindows::box() const { return boxes_.empty() ? nullptr : boxes_.back(); }
+
+int QtWindows::screenWidth() { return QGuiApplication::primaryScreen()->geometry().width() * 15; }
+
+int QtWindows::screenHeight() {
+    return QGuiApplication::primaryScreen()->geometry().height() * 15;
+}
+
+void QtWindows::loaded(Form &form) { windows_[&form] = new FormWindow(form, host_); }
+
+FormWindow *QtWindows::backdrop() const {
+    for (const auto &[form, window] : windows_) {
+        if (form->backdrop && form->isShown()) {
+            return window;
+        }
+    }
+    return nullptr;
+}
+
+void QtWindows::shown(Form &form, Form *opener) {
+    FormWindow *below = opener == nullptr ? nullptr : windowOf(*opener);
+    // The backdrop is no window to go back to: what opens over it is as free as over the screen.
+    const bool modal = below != nullptr && !opener->backdrop;
+    if (below == nullptr && !form.backdrop) {
+        below = backdrop();
+    }
+    windowOf(form)->showOver(below, modal);
+}
+
+void QtWindows::hidden(Form &form) {
+    windowOf(form)->hideMirror();
+    endModal(form);
+    activateBelow(form);
+}
+
+void QtWindows::unloaded(Form &form) {
+    FormWindow *window = windowOf(form);
+    windows_.erase(&form);
+    window->detach();
+    graves_.emplace_back(window);
+    endModal(form);
+    activateBelow(form);
+    if (host_.depth == 0) {
+        bury();
+    }
+}
+
+// No event of any window is being handled any more.
+void QtWindows::bury() {
+    for (const QPointer<FormWindow> &window : graves_) {
+        if (window) {
+            window->deleteLater();
+        }
+    }
+    graves_.clear();
+}
+
+void QtWindows::activateBelow(const Form &form) {
+    const Form *active = form.screen().active();
+    if (FormWindow *window = active == nullptr ? nullptr : windowOf(*active);
+        window != nullptr && !active->backdrop && window->isVisible()) {
+        window->activateWindow();
+    }
+}
+
+void QtWindows::changed(Element &element, PropertyBase &property) {
+    if (auto *control = dynamic_cast<Control *>(&element)) {
+        if (FormWindow *window = windowOf(control->form())) {
+            window->changed(*control, property);
+        }
+    } else if (const auto *form = dynamic_cast<Form *>(&element)) {
+        if (FormWindow *window = windowOf(*form)) {
+            window->changed(property);
+        }
+    } else if (const auto *screen = dynamic_cast<Screen *>(&element)) {
+        const bool wanted = screen->MousePointer == 11;
+        if (wanted != hourglass_) {
+            hourglass_ = wanted;
+            if (wanted) {
+                QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+            } else {
+                QGuiApplication::restoreOverrideCursor();
+            }
+        }
+    }
+}
+
+void QtWindows::focusMoved(Control &control) {
+    if (FormWindow *window = windowOf(control.form())) {
+        window->focusMoved();
+    }
+}
+
+void QtWindows::runModal(Form &form) {
+    QEventLoop loop;
+    loops_[&form] = &loop;
+    while (loops_.contains(&form) && !guard_.ended()) {
+        loop.exec();
+    }
+    loops_.erase(&form);
+}
+
+void QtWindows::endModal(const Form &form) {
+    if (const auto found = loops_.find(&form); found != loops_.end()) {
+        found->second->quit();
+        loops_.erase(found);
+    }
+}
+
+void QtWindows::processEvents() { QCoreApplication::processEvents(); }
+
+void QtWindows::message(const Message &text) {
+    QWidget *over = box();
+    for (const auto &[form, window] : windows_) {
+        if (over == nullptr && form->screen().active() == form) {
+            over = window;
+        }
+    }
+    MessageBox box(text, over, host_.factor);
+    QEventLoop loop;
+    QObject::connect(&box, &QDialog::finished, &loop, &QEventLoop::quit);
+    boxes_.push_back(&box);
+    // A box is read with the arrow, whatever takes its time below it.
+    if (hourglass_) {
+        QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
+    }
+    const bool arrow = hourglass_;
+    box.open();
+    loop.exec();
+    if (arrow) {
+        QGuiApplication::restoreOverrideCursor();
+    }
+    std::erase(boxes_, &box);
+}
+
+void QtWindows::beep() { QApplication::beep(); }
+
+void QtWindows::checkPicture(const Texte &path) { pictures_.check(path); }
+
+} // namespace grimoval

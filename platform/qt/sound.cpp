@@ -1,0 +1,207 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/qt/sound.h"
+
+#include <SDL.h>
+#include <SDL_mixer.h>
+
+#include <filesystem>
+
+namespace grimoval {
+
+namespace {
+
+constexpr int frequency = 44100, channels = 2, chunkFrames = 1024;
+constexpr int waveChannel = 0;
+constexpr int musicVolume = MIX_MAX_VOLUME * 55 / 100; // the voice stands above the tune
+constexpr std::int64_t largestSound = 32 << 20;        // bytes; ours are far smaller
+
+// What the library or the user has set, or else the usual places of a General MIDI soundfont.
+std::string findSoundfont() {
+    if (const char *known = Mix_GetSoundFonts()) {
+        const std::string first = std::string(known).substr(0, std::string(known).find(';'));
+        std::error_code error;
+        if (std::filesystem::is_regular_file(first, error)) {
+            return first;
+        }
+    }
+    static constexpr const char *usual[] = {
+        "/usr/share/sounds/sf3/default-GM.sf3", "/usr/share/sounds/sf2/default-GM.sf2",
+        "/usr/share/soundfonts/default.sf2",    "/usr/share/sounds/sf2/TimGM6mb.sf2",
+        "/usr/share/sounds/sf2/FluidR3_GM.sf2",
+    };
+    std::error_code error;
+    for (const char *path : usual) {
+        if (std::filesystem::is_regular_file(path, error)) {
+            return path;
+        }
+    }
+    for (const char *folder : {"/usr/share/sounds/sf2", "/usr/share/sounds/sf3",
+                               "/usr/share/soundfonts"}) {
+        for (const auto &entry : std::filesystem::directory_iterator(folder, error)) {
+            const auto extension = entry.path().extension();
+            if (extension == ".sf2" || extension == ".sf3") {
+                return entry.path();
+            }
+        }
+    }
+    return {};
+}
+
+} // namespace
+
+struct MixerSound::Mixer {
+    Mix_Chunk *chunk = nullptr;
+    Mix_Music *music = nullptr;
+
+    Opening open() {
+        SDL_SetMainReady();
+        // Signals stay the program's: an end that is asked for from outside is an end.
+        SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
+        if (SDL_Init(SDL_INIT_AUDIO) != 0 ||
+            Mix_OpenAudio(frequency, MIX_DEFAULT_FORMAT, channels, chunkFrames) != 0) {
+            return Opening::silent;
+        }
+        Mix_AllocateChannels(1);
+        Mix_VolumeMusic(musicVolume);
+        if ((Mix_Init(MIX_INIT_MID) & MIX_INIT_MID) == 0) {
+            return Opening::waveOnly;
+        }
+        const std::string soundfont = findSoundfont();
+        if (soundfont.empty() || Mix_SetSoundFonts(soundfont.c_str()) == 0) {
+            return Opening::waveOnly;
+        }
+        return Opening::both;
+    }
+
+    void dropWave() {
+        Mix_HaltChannel(waveChannel);
+        if (chunk != nullptr) {
+            Mix_FreeChunk(std::exchange(chunk, nullptr));
+        }
+    }
+
+    void dropMusic() {
+        Mix_HaltMusic();
+        if (music != nullptr) {
+            Mix_FreeMusic(std::exchange(music, nullptr));
+        }
+    }
+};
+
+MixerSound::MixerSound(Files &files) : files_(files), thread_([this] { work(); }) {}
+
+MixerSound::~MixerSound() {
+    {
+        const std::lock_guard lock(mutex_);
+        closing_ = true;
+        changed_.notify_all();
+    }
+    thread_.join();
+}
+
+void MixerSound::work() {
+    Mixer mixer;
+    const Opening opening = mixer.open();
+    std::unique_lock lock(mutex_);
+    opening_ = opening;
+    changed_.notify_all();
+    for (;;) {
+        changed_.wait(lock, [this] { return closing_ || !tasks_.empty(); });
+        if (closing_) {
+            break;
+        }
+        const auto task = std::move(tasks_.front());
+        tasks_.pop_front();
+        busy_ = true;
+        lock.unlock();
+        if (opening != Opening::silent) {
+            task(mixer);
+        }
+        lock.lock();
+        busy_ = false;
+    }
+    lock.unlock();
+    if (opening != Opening::silent) {
+        mixer.dropWave();
+        mixer.dropMusic();
+        Mix_CloseAudio();
+    }
+    SDL_Quit();
+}
+
+void MixerSound::post(std::function<void(Mixer &)> task) {
+    const std::lock_guard lock(mutex_);
+    tasks_.push_back(std::move(task));
+    changed_.notify_all();
+}
+
+MixerSound::Opening MixerSound::opened() {
+    std::unique_lock lock(mutex_);
+    changed_.wait_for(lock, std::chrono::seconds(2),
+                      [this] { return opening_ != Opening::underWay; });
+    return opening_ == Opening::underWay ? Opening::silent : opening_;
+}
+
+bool MixerSound::waveAvailable() { return opened() != Opening::silent; }
+
+bool MixerSound::midiAvailable() { return opened() == Opening::both; }
+
+namespace {
+
+// The file on the disk; empty for what is missing, or too large to be one of ours.
+std::string playable(Files &files, const Texte &path) {
+    try {
+        return files.length(path) <= largestSound ? files.resolve(path) : std::string();
+    } catch (const Failure &) {
+        return {};
+    }
+}
+
+} // namespace
+
+void MixerSound::playWave(const Texte &path) {
+    const std::string file = playable(files_, path);
+    if (file.empty()) {
+        return;
+    }
+    post([file](Mixer &mixer) {
+        mixer.dropWave();
+        mixer.chunk = Mix_LoadWAV(file.c_str());
+        if (mixer.chunk != nullptr) {
+            Mix_PlayChannel(waveChannel, mixer.chunk, 0);
+        }
+    });
+}
+
+void MixerSound::playMidi(const Texte &path, bool loop) {
+    const std::string file = playable(files_, path);
+    post([file, loop](Mixer &mixer) {
+        mixer.dropMusic();
+        if (file.empty()) {
+            return;
+        }
+        mixer.music = Mix_LoadMUS(file.c_str());
+        if (mixer.music != nullptr) {
+            Mix_PlayMusic(mixer.music, loop ? -1 : 1);
+        }
+    });
+}
+
+void MixerSound::stopMidi() {
+    post([](Mixer &mixer) { mixer.dropMusic(); });
+}
+
+void MixerSound::finishWave(std::chrono::milliseconds patience) {
+    const auto until = std::chrono::steady_clock::now() + patience;
+    const auto sounds = [this] {
+        const std::lock_guard lock(mutex_);
+        return busy_ || !tasks_.empty() ||
+               (opening_ != Opening::underWay && opening_ != Opening::silent &&
+                Mix_Playing(waveChannel) != 0);
+    };
+    while (std::chrono::steady_clock::now() < until && sounds()) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    }
+}
+
+} // namespace grimoval

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Sound by SDL2_mixer: one MIDI stream and one wave stream, together. Every call of the library is
+// made on one thread beside the program, in order, so that nothing in it can keep a window waiting:
+// the device is opened and the soundfont looked for while the splash is up.
+#pragma once
+
+#include "platform/services.h"
+
+#include <chrono>
+#include <condition_variable>
+#include <deque>
+#include <mutex>
+#include <thread>
+
+namespace grimoval {
+
+class MixerSound : public Sound {
+public:
+    explicit MixerSound(Files &files);
+    ~MixerSound() override;
+
+    // Wait for the opening of the device, if it has not ended yet, for two seconds at most.
+    bool waveAvailable() override;
+    bool midiAvailable() override;
+    // A new prompt takes the place of one that still sounds.
+    void playWave(const Texte &path) override;
+    void playMidi(const Texte &path, bool loop) override;
+    void stopMidi() override;
+
+    // Returns when no wave sounds any more, at the latest after this time.
+    void finishWave(std::chrono::milliseconds patience);
+
+private:
+    struct Mixer; // what belongs to the thread
+    enum class Opening { underWay, silent, waveOnly, both };
+
+    void post(std::function<void(Mixer &)> task);
+    void work();
+    Opening opened();
+
+    Files &files_;
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    std::deque<std::function<void(Mixer &)>> tasks_;
+    Opening opening_ = Opening::underWay;
+    bool busy_ = false; // a task is being carried out
+    bool closing_ = false;
+    std::thread thread_; // last: it uses all the others
+};
+
+} // namespace grimoval
