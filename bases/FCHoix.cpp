@@ -124,8 +124,8 @@ void FCHoix::DefReflec_Change(int index) {
         BordLimit.ToolTipText = BordLimit.Caption;
     } else {
         ConfErreurs = valeur;
-        TxtNbBad.Caption = decimal(valeur) + (valeur <= 1 ? u" erreur" : u" erreurs") +
-                           TxtNbBad.ToolTipText.get();
+        TxtNbBad.Caption =
+            decimal(valeur) + (valeur <= 1 ? u" erreur" : u" erreurs") + TxtNbBad.ToolTipText.get();
     }
 }
 

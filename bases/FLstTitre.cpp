@@ -118,8 +118,8 @@ void FLstTitre::ValiderBase() {
     if (!image.empty()) {
         essayer(
             [&] {
-                menu_.DessTmp.PictureFile = screen().loadPicture(
-                    g.dossiers.DossierImages + insideFolder(image + u".JPG"));
+                menu_.DessTmp.PictureFile =
+                    screen().loadPicture(g.dossiers.DossierImages + insideFolder(image + u".JPG"));
             },
             traiter);
     } else {
@@ -145,8 +145,8 @@ void FLstTitre::ImageParDefaut() {
     const Texte &saut = g.SautLigne;
     screen().message(u"Le Grimoval va être arrêté." + saut + saut + u"La base \"" +
                          g.base.TitreBase + u"\" n'a pas d'image" + saut +
-                         u"et les images par défaut du programme sont introuvables." + saut +
-                         saut + u"Veuillez réinstaller le Grimoval.",
+                         u"et les images par défaut du programme sont introuvables." + saut + saut +
+                         u"Veuillez réinstaller le Grimoval.",
                      MessageIcon::critical);
     g.services.application.end();
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The window of a player's two names. The caller sets JoueurDemande and the fields, shows the window
-// as a modal one, reads the fields back, and unloads it at the end: the window itself only hides.
+// The window of a player's two names. The caller sets JoueurDemande and the fields, shows the
+// window as a modal one, reads the fields back, and unloads it at the end: the window itself only
+// hides.
 #pragma once
 
 #include "shell/CSTOUT1.h"

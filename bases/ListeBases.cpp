@@ -14,7 +14,8 @@ constexpr int listeDefectueuse = 1601; // raised here, beside the numbers of the
 constexpr std::u16string_view nomListe = u"GRIMV.LST";
 constexpr std::u16string_view nomCopie = u"~GRIMV.TMP";
 
-// Title, 50 blanks, file, 10 blanks, picture: fixed columns, of which only the first is for the eye.
+// Title, 50 blanks, file, 10 blanks, picture: fixed columns, of which only the first is for the
+// eye.
 Texte entreeDe(const TypeBase &base, const Texte &fichier) {
     const Texte blancs(10, u' ');
     Texte entree = base.Titre.text();
@@ -72,15 +73,16 @@ void FLstTitre::traiterErreurListe(int numero) {
     if (numero == failure::windowUnloaded) {
         throw Failure(numero);
     }
-    const bool fatale = numero == failure::badFileNameOrNumber ||
-                        numero == failure::fileNotFound || numero == failure::badRecordNumber ||
-                        numero == failure::badFileName || numero == listeDefectueuse;
+    const bool fatale = numero == failure::badFileNameOrNumber || numero == failure::fileNotFound ||
+                        numero == failure::badRecordNumber || numero == failure::badFileName ||
+                        numero == listeDefectueuse;
     Texte texte;
     if (fatale) {
         ErreurListe = true;
         texte = u"Le fichier " + Texte(nomListe) + u" est introuvable ou défectueux." +
-                g.SautLigne + g.SautLigne + u"Pour assurer le bon fonctionnement du \"Grimoval\" :" +
-                g.SautLigne + u" Il est nécessaire de recréer la liste des bases," +
+                g.SautLigne + g.SautLigne +
+                u"Pour assurer le bon fonctionnement du \"Grimoval\" :" + g.SautLigne +
+                u" Il est nécessaire de recréer la liste des bases," +
                 u" avec le programme de Gestion des Bases.";
     } else {
         texte = u"L'ERREUR " + decimal(numero) + u" est survenue.";
@@ -206,9 +208,8 @@ void FLstTitre::examiner(const TypeBase &EnregBase, bool present, std::vector<Te
         return;
     }
     Int16 mots;
-    essayer(
-        [&] { mots = CompterMots(g, insideFolder(NomFichierCourant)); },
-        [this](int numero) { traiterErreurListe(numero); });
+    essayer([&] { mots = CompterMots(g, insideFolder(NomFichierCourant)); },
+            [this](int numero) { traiterErreurListe(numero); });
     if (ErreurListe) {
         return;
     }

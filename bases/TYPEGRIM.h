@@ -29,8 +29,8 @@ struct TypeMot {
 struct TypeBase {
     static constexpr int taille = 52; // bytes
 
-    Int16 Numero; // the record's own, from 1
-    Int16 NbMots; // word records that the base file must hold
+    Int16 Numero;         // the record's own, from 1
+    Int16 NbMots;         // word records that the base file must hold
     FixedText<8> Fichier; // stem of the base file
     FixedText<30> Titre;
     FixedText<8> Image; // stem of the JPEG picture; blank: none of its own

@@ -18,7 +18,7 @@ void FMenu::dessiner() {
     titleBar = true;
     background = "FMenu";
 
-    VSDessin.place = {270, 270, 4140, 3105};
+    VSDessin.place = {330, 300, 4140, 3105};
     VSDessin.Visible = false;
     VSDessin.ToolTipText = u"Image du thème";
     VSDessin.accessibleName = u"Image du thème";
@@ -28,7 +28,7 @@ void FMenu::dessiner() {
     Shape1.Visible = false;
     DessTmp.Visible = false;
 
-    RapTit.place = {4680, 270, 7050, 420};
+    RapTit.place = {4680, 300, 6060, 480};
     RapTit.FontSize = 14;
     RapTit.bold = true;
     RapTit.ForeColor = colours::white;
@@ -36,16 +36,16 @@ void FMenu::dessiner() {
     RapTit.accessibleDescription = u"Sujet";
 
     // clang-format off
-    Bord[2].place     = {4680,  810, 3435, 1140};
-    Bord[3].place     = {8295,  810, 3435, 1140};
-    Rappel[1].place   = {4860,  960, 2205,  840};
-    Rappel[2].place   = {8475,  960, 2205,  840};
-    ImgScore[0].place = {7110,  960,  840,  840};
-    ImgScore[1].place = {10725, 960,  840,  840};
-    FluReflec.place   = {4680, 2100, 7050,  540};
-    FluxScore.place   = {4680, 2790, 7050,  540};
-    AffMot[0].place   = {270,  3600, 10590, 1230};
-    AffMot[1].place   = {10950, 3600,  780, 1230};
+    Bord[2].place     = { 4680,  900,  3405, 1080};
+    Bord[3].place     = { 8265,  900,  3405, 1080};
+    Rappel[1].place   = { 4830, 1020,  2190,  840};
+    Rappel[2].place   = { 8415, 1020,  2190,  840};
+    ImgScore[0].place = { 7125, 1020,   840,  840};
+    ImgScore[1].place = {10710, 1020,   840,  840};
+    FluReflec.place   = { 4680, 2160,  6990,  540};
+    FluxScore.place   = { 4680, 2850,  6990,  540};
+    AffMot[0].place   = {  330, 3600, 10470, 1260};
+    AffMot[1].place   = {10920, 3780,   750,  900};
     // clang-format on
     for (int joueur = 1; joueur <= 2; ++joueur) {
         Label &panneau = Bord[joueur + 1];
@@ -94,7 +94,7 @@ void FMenu::dessiner() {
         const Texte lettre(1, static_cast<char16_t>(u'A' + i));
         LetterButton &bouton = VsAlpha[i];
         bouton.caption = lettre;
-        bouton.place = {270 + (i % 13) * 885, 5010 + (i / 13) * 870, 840, 810};
+        bouton.place = {345 + (i % 13) * 875, 5010 + (i / 13) * 855, 810, 780};
         bouton.Picture = lettre + u".libre";
         bouton.DownPicture = lettre + u".trouvee";
         bouton.DisabledPicture = lettre + u".repos";
@@ -119,17 +119,17 @@ void FMenu::brancher() {
     };
     // clang-format off
     const Bouton boutons[] = {
-        {CmdTjr[2],  u"Nouvelle partie",      {270,   6930, 1500, 1500}, [this] { CmdTjr_Click(2); },  false},
-        {CmdJeux[0], u"Nouveau mot",          {1920,  6930, 1500, 1500}, [this] { CmdJeux_Click(0); }, true},
-        {CmdJeux[1], u"Voir la réponse",      {3570,  7155, 1050, 1050}, [this] { CmdJeux_Click(1); }, true},
-        {CmdJeux[2], u"Abandonner",           {3570,  7155, 1050, 1050}, [this] { CmdJeux_Click(2); }, false},
-        {CmdTjr[0],  u"Stopper la partie",    {4740,  7155, 1050, 1050}, [this] { CmdTjr_Click(0); },  true},
-        {CmdBase,    u"Changer de thème",     {6060,  7290,  825,  825}, [this] { CmdBase_Click(); },  false},
-        {CmdCfg[0],  u"Configuration du jeu", {6990,  7290,  825,  825}, [this] { CmdCfg_Click(0); },  false},
-        {CmdCfg[1],  u"Configuration du son", {7920,  7290,  825,  825}, [this] { CmdCfg_Click(1); },  false},
-        {CmdTjr[1],  u"Aide",                 {8850,  7290,  825,  825}, [this] { CmdTjr_Click(1); },  false},
-        {lblAbout,   u"A propos",             {9780,  7290,  825,  825}, [this] { lblAbout_Click(); }, false},
-        {CmdTjr[3],  u"Quitter",              {10710, 7155, 1050, 1050}, [this] { CmdTjr_Click(3); },  false},
+        {CmdTjr[2],  u"Nouvelle partie",      {  330, 6870, 1500, 1500}, [this] { CmdTjr_Click(2); },  false},
+        {CmdJeux[0], u"Nouveau mot",          { 1980, 6870, 1500, 1500}, [this] { CmdJeux_Click(0); }, true},
+        {CmdJeux[1], u"Voir la réponse",      { 3690, 7080, 1080, 1080}, [this] { CmdJeux_Click(1); }, true},
+        {CmdJeux[2], u"Abandonner",           { 3690, 7080, 1080, 1080}, [this] { CmdJeux_Click(2); }, false},
+        {CmdTjr[0],  u"Stopper la partie",    { 4890, 7080, 1080, 1080}, [this] { CmdTjr_Click(0); },  true},
+        {CmdBase,    u"Changer de thème",     { 6180, 7200,  810,  840}, [this] { CmdBase_Click(); },  false},
+        {CmdCfg[0],  u"Configuration du jeu", { 7050, 7200,  810,  840}, [this] { CmdCfg_Click(0); },  false},
+        {CmdCfg[1],  u"Configuration du son", { 7920, 7200,  810,  840}, [this] { CmdCfg_Click(1); },  false},
+        {CmdTjr[1],  u"Aide",                 { 8790, 7200,  810,  840}, [this] { CmdTjr_Click(1); },  false},
+        {lblAbout,   u"A propos",             { 9660, 7200,  810,  840}, [this] { lblAbout_Click(); }, false},
+        {CmdTjr[3],  u"Quitter",              {10590, 7080, 1080, 1080}, [this] { CmdTjr_Click(3); },  false},
     };
     // clang-format on
     int rang = 0;
@@ -142,7 +142,7 @@ void FMenu::brancher() {
     CmdJeux[1].Visible = false;
     CmdJeux[2].Visible = false;
 
-    Image1.place = {11040, 8100, 690, 570};
+    Image1.place = {10920, 210, 750, 630};
     Image1.design = "livre";
     Image1.ToolTipText = u"Catalogue des thèmes";
     Image1.accessibleName = u"Catalogue des thèmes";

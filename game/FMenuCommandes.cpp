@@ -133,8 +133,8 @@ void FMenu::InitialiserMot() {
     CmdTjr[0].Inactif = true;
 }
 
-// "Voir la réponse" and "Abandonner". In mode 3 the word is not shown, and slot 1 goes back although
-// the click comes from player 2.
+// "Voir la réponse" and "Abandonner". In mode 3 the word is not shown, and slot 1 goes back
+// although the click comes from player 2.
 void FMenu::AbandonnerMot() {
     ArreterFlux();
     if (g.reglages.NombreJoueur != 1) {

@@ -28,8 +28,8 @@ void FMenu::VerifierFinMot() {
         ArreterFlux();
         g.scores.Score[joueur] += 5;
         g.scores.MotsTrouves[joueur] += 1;
-        JouerParole(g, parMot() ? verdict(ErreursMot[joueur], g.reglages.NombreErreur)
-                                : parole::bien);
+        JouerParole(g,
+                    parMot() ? verdict(ErreursMot[joueur], g.reglages.NombreErreur) : parole::bien);
         AffMot[0].ForeColor = colours::green;
         FinDeMot();
         return;

@@ -44,8 +44,8 @@ bool FMenu::TirerMot() {
 void FMenu::tirerDans(std::size_t slot) {
     const float r = g.services.random.next();
     const int nombre = LstMot[1].ListCount();
-    IndiceTirage = std::clamp(static_cast<int>(std::floor(static_cast<float>(nombre) * r)), 0,
-                              nombre);
+    IndiceTirage =
+        std::clamp(static_cast<int>(std::floor(static_cast<float>(nombre) * r)), 0, nombre);
     MotCherche[slot] = trim(LstMot[1].item(IndiceTirage));
     MotAffiche[slot] = MotCherche[slot];
     LstMot[1].RemoveItem(IndiceTirage);

@@ -24,8 +24,6 @@ void Pen::printZone(const Texte &text) {
     print(text);
 }
 
-void Pen::print(int number) {
-    print((number < 0 ? Texte() : u" ") + decimal(number) + u" ");
-}
+void Pen::print(int number) { print((number < 0 ? Texte() : u" ") + decimal(number) + u" "); }
 
 } // namespace grimoval

@@ -107,9 +107,7 @@ bool List::userSelect(int item) {
     return true;
 }
 
-bool List::userDoubleClick() {
-    return open(DblClick);
-}
+bool List::userDoubleClick() { return open(DblClick); }
 
 CheckBox::CheckBox(Form &form, const char *name, int index) : Control(form, name, index) {
     Value.accept = [](const int &value) { return value != 0 ? 1 : 0; };

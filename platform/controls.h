@@ -49,7 +49,7 @@ public:
     }
 
     Place place;
-    int tabIndex = 1000; // order of the Tab key; equal ones in order of declaration
+    int tabIndex = 1000;          // order of the Tab key; equal ones in order of declaration
     Control *container = nullptr; // a panel or picture that it lies in; `place` stays the window's
     Texte accessibleName;         // empty: what the kind says of itself
     Texte accessibleDescription;

@@ -85,8 +85,7 @@ std::string readAll(int descriptor) {
 
 // Failure 52 for what no system takes as a path.
 std::string pathBytes(const Texte &path) {
-    if (path.empty() ||
-        std::any_of(path.begin(), path.end(), [](char16_t c) { return c < 32; })) {
+    if (path.empty() || std::any_of(path.begin(), path.end(), [](char16_t c) { return c < 32; })) {
         throw Failure(failure::badFileNameOrNumber);
     }
     return toUtf8(path);
@@ -137,18 +136,30 @@ int failureOf(int systemError) {
         int number;
     };
     static constexpr Row rows[] = {
-        {ENOENT, failure::fileNotFound},     {ENOTDIR, failure::pathNotFound},
-        {ELOOP, failure::pathNotFound},      {EACCES, failure::permissionDenied},
-        {EPERM, failure::permissionDenied},  {EROFS, failure::pathAccess},
-        {EISDIR, failure::pathAccess},       {ENOTEMPTY, failure::pathAccess},
-        {EEXIST, failure::fileAlreadyExists}, {EBUSY, failure::fileAlreadyOpen},
-        {ETXTBSY, failure::fileAlreadyOpen}, {ENOSPC, failure::diskFull},
-        {EDQUOT, failure::diskFull},         {EFBIG, failure::diskFull},
-        {EIO, failure::deviceError},         {ENXIO, failure::deviceUnavailable},
-        {ENODEV, failure::deviceUnavailable}, {ESTALE, failure::deviceUnavailable},
-        {EHOSTDOWN, failure::deviceUnavailable}, {ENOMEDIUM, failure::diskNotReady},
-        {ENAMETOOLONG, failure::badFileNameOrNumber}, {EINVAL, failure::badFileNameOrNumber},
-        {EILSEQ, failure::badFileName},      {EMFILE, failure::tooManyFiles},
+        {ENOENT, failure::fileNotFound},
+        {ENOTDIR, failure::pathNotFound},
+        {ELOOP, failure::pathNotFound},
+        {EACCES, failure::permissionDenied},
+        {EPERM, failure::permissionDenied},
+        {EROFS, failure::pathAccess},
+        {EISDIR, failure::pathAccess},
+        {ENOTEMPTY, failure::pathAccess},
+        {EEXIST, failure::fileAlreadyExists},
+        {EBUSY, failure::fileAlreadyOpen},
+        {ETXTBSY, failure::fileAlreadyOpen},
+        {ENOSPC, failure::diskFull},
+        {EDQUOT, failure::diskFull},
+        {EFBIG, failure::diskFull},
+        {EIO, failure::deviceError},
+        {ENXIO, failure::deviceUnavailable},
+        {ENODEV, failure::deviceUnavailable},
+        {ESTALE, failure::deviceUnavailable},
+        {EHOSTDOWN, failure::deviceUnavailable},
+        {ENOMEDIUM, failure::diskNotReady},
+        {ENAMETOOLONG, failure::badFileNameOrNumber},
+        {EINVAL, failure::badFileNameOrNumber},
+        {EILSEQ, failure::badFileName},
+        {EMFILE, failure::tooManyFiles},
         {ENFILE, failure::tooManyFiles},
     };
     for (const Row &row : rows) {
@@ -228,10 +239,9 @@ std::string RecordFile::read(std::int64_t number) const {
     std::string record(static_cast<std::size_t>(recordLength_), '\0');
     std::size_t done = 0;
     while (done < record.size()) {
-        const ssize_t got =
-            ::pread(descriptor_, record.data() + done, record.size() - done,
-                    static_cast<off_t>((number - 1) * recordLength_ +
-                                       static_cast<std::int64_t>(done)));
+        const ssize_t got = ::pread(
+            descriptor_, record.data() + done, record.size() - done,
+            static_cast<off_t>((number - 1) * recordLength_ + static_cast<std::int64_t>(done)));
         if (got < 0) {
             if (errno == EINTR) {
                 continue;
@@ -283,8 +293,7 @@ void Files::makeFolder(const Texte &path) {
         if (errno == ENOENT) {
             throw Failure(failure::pathNotFound);
         }
-        throw Failure(errno == EEXIST ? static_cast<int>(failure::pathAccess)
-                                      : failureOf(errno));
+        throw Failure(errno == EEXIST ? static_cast<int>(failure::pathAccess) : failureOf(errno));
     }
 }
 

@@ -78,9 +78,9 @@ class Files {
 public:
     bool exists(const Texte &path);
     bool folderExists(const Texte &path);
-    void makeFolder(const Texte &path);       // one level
-    std::int64_t length(const Texte &path);   // bytes
-    DateTime lastWrite(const Texte &path);    // local time
+    void makeFolder(const Texte &path);     // one level
+    std::int64_t length(const Texte &path); // bytes
+    DateTime lastWrite(const Texte &path);  // local time
     void remove(const Texte &path);
     void copy(const Texte &from, const Texte &to); // replaces; on the disk when it returns
     std::string read(const Texte &path);           // the whole file

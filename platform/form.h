@@ -20,8 +20,8 @@ class Screen;
 // Keys as the windows know them: a character, or one of these.
 struct Key {
     enum Code : int { none = 0, back = 8, tab = 9, enter = 13, escape = 27, space = 32, f4 = 115 };
-    int code = none;         // of the key that went down; for letters and digits their capital
-    char16_t character = 0;  // what it types, if anything
+    int code = none;        // of the key that went down; for letters and digits their capital
+    char16_t character = 0; // what it types, if anything
     bool alt = false;
     bool shift = false;
 

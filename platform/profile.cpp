@@ -23,7 +23,8 @@ std::vector<Line> splitLines(const std::string &content) {
             break;
         }
         const bool pair = feed > start && content[feed - 1] == '\r';
-        lines.push_back({content.substr(start, feed - start - (pair ? 1 : 0)), pair ? "\r\n" : "\n"});
+        lines.push_back(
+            {content.substr(start, feed - start - (pair ? 1 : 0)), pair ? "\r\n" : "\n"});
         start = feed + 1;
     }
     return lines;

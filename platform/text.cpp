@@ -48,8 +48,8 @@ SortKey sortKey(char16_t character) {
         char16_t plain;
     };
     static constexpr Row rows[] = {
-        {u"ÁÀÂÄÃÅ", u'A'}, {u"Ç", u'C'},       {u"ÉÈÊË", u'E'}, {u"ÍÌÎÏ", u'I'}, {u"Ñ", u'N'},
-        {u"ÓÒÔÖÕØ", u'O'}, {u"Š", u'S'},       {u"ÚÙÛÜ", u'U'}, {u"ÝŸ", u'Y'},   {u"Ž", u'Z'},
+        {u"ÁÀÂÄÃÅ", u'A'}, {u"Ç", u'C'}, {u"ÉÈÊË", u'E'}, {u"ÍÌÎÏ", u'I'}, {u"Ñ", u'N'},
+        {u"ÓÒÔÖÕØ", u'O'}, {u"Š", u'S'}, {u"ÚÙÛÜ", u'U'}, {u"ÝŸ", u'Y'},   {u"Ž", u'Z'},
     };
     if (capital < 0x80) {
         return {{capital, 0}, 0};

@@ -51,8 +51,8 @@ class FixedText {
 public:
     FixedText() : text_(Width, u' ') {}
     template <class Text>
-        requires std::convertible_to<Text, std::u16string_view>
-    FixedText(const Text &text) : text_(std::u16string_view(text).substr(0, Width)) {
+    requires std::convertible_to<Text, std::u16string_view> FixedText(const Text &text)
+        : text_(std::u16string_view(text).substr(0, Width)) {
         text_.resize(Width, u' ');
     }
     operator const Texte &() const { return text_; }

@@ -22,9 +22,9 @@ Texte rangerNom(FixedText<15> &champ) {
 Texte dateEnTouteLettre(const DateTime &moment) {
     static constexpr const char16_t *jours[] = {u"Dimanche", u"Lundi",    u"Mardi", u"Mercredi",
                                                 u"Jeudi",    u"Vendredi", u"Samedi"};
-    static constexpr const char16_t *mois[] = {
-        u"janvier", u"février", u"mars",      u"avril",   u"mai",      u"juin",
-        u"juillet", u"août",    u"septembre", u"octobre", u"novembre", u"décembre"};
+    static constexpr const char16_t *mois[] = {u"janvier",   u"février", u"mars",     u"avril",
+                                               u"mai",       u"juin",    u"juillet",  u"août",
+                                               u"septembre", u"octobre", u"novembre", u"décembre"};
     using namespace std::chrono;
     const weekday jour(sys_days(year(moment.year) / month(static_cast<unsigned>(moment.month)) /
                                 day(static_cast<unsigned>(moment.day))));

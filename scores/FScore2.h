@@ -26,8 +26,8 @@ public:
 
     // The record is written only while both are set, so at most once.
     bool PartieAEcrire = false, ScoreNonEcrit = false;
-    Texte Horodatage;         // the moment of opening
-    double HauteurLigne = 0;  // of the printer's font, in its page unit
+    Texte Horodatage;        // the moment of opening
+    double HauteurLigne = 0; // of the printer's font, in its page unit
     double LargeurCar = 0;
 
 protected:

@@ -63,7 +63,9 @@ Texte FScore2::composer(const Texte &separation) {
     const int mode = g.reglages.NombreJoueur;
     auto &nom = g.joueurs.NomJoueur;
     Texte texte;
-    const auto ligne = [&texte](const Texte &contenu = {}) { texte += contenu + Texte(finDeLigne); };
+    const auto ligne = [&texte](const Texte &contenu = {}) {
+        texte += contenu + Texte(finDeLigne);
+    };
     const auto compte = [&ligne](const Texte &etiquette, int valeur) {
         ligne(etiquette + decimal(valeur));
     };

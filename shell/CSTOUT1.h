@@ -22,7 +22,8 @@ void AfficherModal(Globales &g, Form &fenetre);
 // each paint, an up arrow over a picture button, the arrow over the background.
 class Fenetre : public Form {
 protected:
-    Fenetre(Globales &globales, const char *nom) : Form(globales.services.screen, nom), g(globales) {}
+    Fenetre(Globales &globales, const char *nom)
+        : Form(globales.services.screen, nom), g(globales) {}
 
     void Form_Paint() override { screen().MousePointer = pointeur::fleche; }
     void Form_MouseMove() override {

@@ -10,22 +10,31 @@ namespace {
 
 struct Parole {
     int numero;
-    const char16_t *fichier;   // nullptr: the file of the last prompt stays set
+    const char16_t *fichier;         // nullptr: the file of the last prompt stays set
     const char16_t *autre = nullptr; // drawn instead of the first, one time in two
 };
 
 // Those that no event plays are kept: the sound folder holds them, and only this table names them.
 constexpr Parole paroles[] = {
-    {1, u"CALVENO.Wav"},   {3, u"Quitter.Wav"},
-    {4, u"TPEUQIPO.Wav"},  {6, u"TropTar.Wav", u"PaassRap.Wav"},
+    {1, u"CALVENO.Wav"},
+    {3, u"Quitter.Wav"},
+    {4, u"TPEUQIPO.Wav"},
+    {6, u"TropTar.Wav", u"PaassRap.Wav"},
     {7, u"TropTar.Wav", u"PaassRap.Wav"},
-    {8, u"Score.Wav"},     {9, u"CesaiPrg.Wav"},
-    {10, u"StoArexe.Wav"}, {12, u"AlaProch.Wav", u"Salut1.Wav"},
-    {13, u" "},            {14, u"AttCaCOm.Wav"},
-    {15, u"CesPBon.Wav"},  {16, u"CesBien.Wav"},
-    {17, u"Cestbien.Wav"}, {18, u"Cesmoy.Wav"},
-    {19, u"FauFaEff.Wav"}, {20, u"Aideexer.Wav"},
-    {21, u"confexer.Wav"}, {24, u"Aurevoir.Wav"},
+    {8, u"Score.Wav"},
+    {9, u"CesaiPrg.Wav"},
+    {10, u"StoArexe.Wav"},
+    {12, u"AlaProch.Wav", u"Salut1.Wav"},
+    {13, u" "},
+    {14, u"AttCaCOm.Wav"},
+    {15, u"CesPBon.Wav"},
+    {16, u"CesBien.Wav"},
+    {17, u"Cestbien.Wav"},
+    {18, u"Cesmoy.Wav"},
+    {19, u"FauFaEff.Wav"},
+    {20, u"Aideexer.Wav"},
+    {21, u"confexer.Wav"},
+    {24, u"Aurevoir.Wav"},
     {25, nullptr},
 };
 

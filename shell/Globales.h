@@ -12,8 +12,8 @@ namespace grimoval {
 
 // Every string but DossierUtilisateur without a per-user place ends in the separator.
 struct Dossiers {
-    Texte DossierAppli;                                // installed data
-    Texte DossierBases, DossierSons, DossierImages;    // in it
+    Texte DossierAppli;                                  // installed data
+    Texte DossierBases, DossierSons, DossierImages;      // in it
     Texte DossierUtilisateur, DossierTemp, DossierScore; // three names of the per-user folder
 };
 
@@ -40,9 +40,9 @@ struct Joueurs {
 // Indexed by player, 1 and 2; index 0 is not used.
 struct ScoresPartie {
     std::array<Int16, 3> Score, MotsTrouves, MauvaisesLettres, BonnesLettres, Abandons;
-    std::array<Int16, 3> ChangementsTour; // written only, never reset
-    Int16 NbMotsProposes;                 // drawn in this game; a pair counts as one
-    Int16 NbMotsBase;                     // of the current base; 0 outside a game
+    std::array<Int16, 3> ChangementsTour;  // written only, never reset
+    Int16 NbMotsProposes;                  // drawn in this game; a pair counts as one
+    Int16 NbMotsBase;                      // of the current base; 0 outside a game
     int HeureDebut = 0, HeureCourante = 0; // seconds of the day
     int TempsEcoule = 0;                   // seconds
 };
@@ -67,14 +67,14 @@ struct Globales {
     ScoresPartie scores;
     BaseCourante base;
 
-    Texte TitreAppli;     // captions and titles of messages; one blank at its end
-    Texte SautLigne;      // the line break of all multi-line texts
-    Texte TexteMessage;   // scratch, shared for building messages
-    Int16 IndiceBoucle;   // a loop counter shared by many procedures
-    Int16 ReponseFenetre; // left by the last modal window
-    bool FenetreModale = false;     // a modal window is up: the game's timers look at it
-    bool BoutonSite = false;        // FAbout shows the button of the web site
-    bool ListeObligatoire = false;  // an empty base list ends the program at its start
+    Texte TitreAppli;              // captions and titles of messages; one blank at its end
+    Texte SautLigne;               // the line break of all multi-line texts
+    Texte TexteMessage;            // scratch, shared for building messages
+    Int16 IndiceBoucle;            // a loop counter shared by many procedures
+    Int16 ReponseFenetre;          // left by the last modal window
+    bool FenetreModale = false;    // a modal window is up: the game's timers look at it
+    bool BoutonSite = false;       // FAbout shows the button of the web site
+    bool ListeObligatoire = false; // an empty base list ends the program at its start
 };
 
 } // namespace grimoval

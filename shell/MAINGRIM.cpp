@@ -9,16 +9,17 @@ namespace grimoval {
 
 namespace {
 
-// A screen wider than this is larger than the game's window: the rest of it is hidden by a backdrop.
+// A screen wider than this is larger than the game's window: the rest of it is hidden by a
+// backdrop.
 constexpr int petitEcran = 12000; // twips, 800 pixels
 
 void donnerFaces(Globales &g, FMenu &menu) {
     const std::pair<PictureButton &, const char16_t *> faces[] = {
-        {menu.CmdTjr[2], u"_play.tga"},      {menu.CmdTjr[0], u"_stop.tga"},
-        {menu.CmdTjr[1], u"_aide.tga"},      {menu.CmdTjr[3], u"_Quitter.tga"},
-        {menu.CmdCfg[0], u"_outil.tga"},     {menu.CmdCfg[1], u"_sound.tga"},
-        {menu.CmdBase, u"_choix.tga"},       {menu.lblAbout, u"_Apropos.tga"},
-        {menu.CmdJeux[0], u"_AutreMot.tga"}, {menu.CmdJeux[1], u"_Reponse.tga"},
+        {menu.CmdTjr[2], u"_play.tga"},        {menu.CmdTjr[0], u"_stop.tga"},
+        {menu.CmdTjr[1], u"_aide.tga"},        {menu.CmdTjr[3], u"_Quitter.tga"},
+        {menu.CmdCfg[0], u"_outil.tga"},       {menu.CmdCfg[1], u"_sound.tga"},
+        {menu.CmdBase, u"_choix.tga"},         {menu.lblAbout, u"_Apropos.tga"},
+        {menu.CmdJeux[0], u"_AutreMot.tga"},   {menu.CmdJeux[1], u"_Reponse.tga"},
         {menu.CmdJeux[2], u"_Abandonner.tga"},
     };
     for (const auto &[bouton, fichier] : faces) {
@@ -54,8 +55,8 @@ void examinerListe(Globales &g) {
 FenetresDuJeu::FenetresDuJeu(Globales &g)
     : splash(g), plein(g), menu(g), titres(g, menu), nom(g), choix(g, nom), score(g), question(g),
       option(g), about(g) {
-    menu.fenetres = {&titres, &choix, &option, &about, &score,
-                     [this, &g] { DemanderQuitter(g, question); }};
+    menu.fenetres = {&titres, &choix, &option,
+                     &about,  &score, [this, &g] { DemanderQuitter(g, question); }};
 }
 
 void Main(Globales &g, FenetresDuJeu &fenetres) {

@@ -30,9 +30,7 @@ frmSplash::frmSplash(Globales &g) : Form(g.services.screen, "frmSplash") {
     lblCopyright.Click = fermer;
 }
 
-void frmSplash::Form_Load() {
-    lblCopyright.Caption = u"Un jeu de l'atelier Calvenor";
-}
+void frmSplash::Form_Load() { lblCopyright.Caption = u"Un jeu de l'atelier Calvenor"; }
 
 void frmSplash::Form_KeyPress(Int16 & /*keyAscii*/) { unload(); }
 

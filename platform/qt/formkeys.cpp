@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The keys of a window: its form sees each of them first.
+#include "platform/qt/drawn.h"
 #include "platform/qt/formwindow.h"
 #include "platform/qt/keys.h"
 #include "platform/qt/nativeviews.h"
@@ -73,7 +74,7 @@ bool FormWindow::eventFilter(QObject *object, QEvent *event) {
         return false;
     }
     case QEvent::MouseMove:
-        if (dynamic_cast<QWidget *>(object) != nullptr) {
+        if (dynamic_cast<Drawn *>(object) == nullptr) { // which tell it themselves
             Control *control = controlOf(*this, object);
             if (control != nullptr && control->MouseMove) {
                 door([control](Form &) { control->userHover(); });

@@ -130,10 +130,10 @@ void FormWindow::refreshDependents(const Control &control) {
     for (const auto &mirror : mirrors_) {
         const Control &other = mirror->control();
         if (other.container == &control) {
-            mirror->refresh(nullptr);
+            mirror->refreshWidget();
             refreshDependents(other);
         } else if (other.labelledBy == &control) {
-            mirror->refresh(nullptr);
+            mirror->refreshWidget();
         }
     }
 }

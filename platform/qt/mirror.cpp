@@ -12,6 +12,9 @@ Texte Mirror::name() const {
 
 void Mirror::refreshWidget() {
     QWidget *view = widget();
+    if (view == nullptr) {
+        return;
+    }
     view->setVisible(control_.isVisible());
     view->setEnabled(control_.isOpen());
     const auto change = [](const QString &now, const QString &wanted) { return now != wanted; };

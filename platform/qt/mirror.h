@@ -30,12 +30,12 @@ public:
     virtual void fit() {}
     // Stops what goes on by itself: the control is there no more.
     virtual void stop() {}
-    // What could not wait is waited for no longer.
+    // Copies at once what was to be copied later.
     virtual void settle() {}
-
-protected:
     // Shown or not, open or not, and what the accessibility bus says of it.
     void refreshWidget();
+
+protected:
     virtual Texte name() const;
     virtual Texte description() const { return control_.accessibleDescription; }
 

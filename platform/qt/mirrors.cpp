@@ -118,7 +118,7 @@ void ListMirror::refresh(const PropertyBase *property) {
     if (property == nullptr || property == &subject_.Items) {
         stale_ = true;
     }
-    if (stale_ && property != nullptr) {
+    if (stale_ && property == &subject_.Items) {
         settleLater(); // a list that is being filled is copied once
     } else {
         settle();

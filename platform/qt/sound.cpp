@@ -12,7 +12,7 @@ namespace {
 
 constexpr int frequency = 44100, channels = 2, chunkFrames = 1024;
 constexpr int waveChannel = 0;
-constexpr int musicVolume = MIX_MAX_VOLUME * 55 / 100; // the voice stands above the tune
+constexpr int musicVolume = MIX_MAX_VOLUME * 90 / 100; // the tune is written to lie under the voice
 constexpr std::int64_t largestSound = 32 << 20;        // bytes; ours are far smaller
 
 // What the library or the user has set, or else the usual places of a General MIDI soundfont.

@@ -24,7 +24,8 @@ DateTime later(const DateTime &moment, long long seconds) {
     using namespace std::chrono;
     const sys_days day = year(moment.year) / month(static_cast<unsigned>(moment.month)) /
                          std::chrono::day(static_cast<unsigned>(moment.day));
-    const sys_seconds whole = sys_seconds(day) + std::chrono::seconds(moment.secondOfDay() + seconds);
+    const sys_seconds whole =
+        sys_seconds(day) + std::chrono::seconds(moment.secondOfDay() + seconds);
     const sys_days midnight = floor<days>(whole);
     const year_month_day date(midnight);
     const auto second = static_cast<int>((whole - midnight).count());

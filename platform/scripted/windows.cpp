@@ -3,7 +3,9 @@
 
 namespace grimoval::scripted {
 
-void Windows::shown(Form &form, Form * /*opener*/) { sink_("fenetre " + form.path() + " affichee"); }
+void Windows::shown(Form &form, Form * /*opener*/) {
+    sink_("fenetre " + form.path() + " affichee");
+}
 
 void Windows::hidden(Form &form) { sink_("fenetre " + form.path() + " cachee"); }
 

@@ -13,7 +13,8 @@ Texte cheminListe(const Texte &dossier) { return asFolder(dossier) + u"GRIMV.LST
 
 Texte nomDeBase(const TypeBase &base) { return upper(trim(base.Fichier.text())) + u".DBS"; }
 
-// Whole records of a file that is only looked at: opening it for records would create a missing one.
+// Whole records of a file that is only looked at: opening it for records would create a missing
+// one.
 template <class Enregistrement>
 std::vector<Enregistrement> lireEnregistrements(Files &fichiers, const Texte &chemin) {
     const std::string contenu = fichiers.read(chemin);
@@ -100,8 +101,7 @@ std::vector<Probleme> verifierBases(Files &fichiers, const Texte &dossier) {
         }
         std::vector<TypeMot> mots;
         try {
-            mots = lireEnregistrements<TypeMot>(fichiers,
-                                                asFolder(dossier) + insideFolder(nom));
+            mots = lireEnregistrements<TypeMot>(fichiers, asFolder(dossier) + insideFolder(nom));
         } catch (const Failure &erreur) {
             signaler(nom, numero, failureMeaning(erreur.number));
             continue;

@@ -20,7 +20,8 @@ constexpr const char *aide =
     "      dit tout ce que le jeu refuserait, et pourquoi\n"
     "  grimbases lister DOSSIER_MASK\n"
     "      montre les thèmes et leurs mots\n"
-    "Une source est un texte en UTF-8 : le titre, le nom de l'image (ou -), puis un mot par ligne.\n"
+    "Une source est un texte en UTF-8 : le titre, le nom de l'image (ou -), puis un mot par "
+    "ligne.\n"
     "Les lignes vides et celles qui commencent par # ne comptent pas.\n";
 
 int dire(const std::vector<Probleme> &problemes) {

@@ -25,9 +25,9 @@ std::optional<DateTime> dateTime(const Texte &day, const Texte &hour) {
     DateTime moment;
     char rest = 0;
     const std::string text = toUtf8(day + u" " + hour);
-    const int fields = std::sscanf(text.c_str(), "%4d-%2d-%2d %2d:%2d:%2d%c", &moment.year,
-                                   &moment.month, &moment.day, &moment.hour, &moment.minute,
-                                   &moment.second, &rest);
+    const int fields =
+        std::sscanf(text.c_str(), "%4d-%2d-%2d %2d:%2d:%2d%c", &moment.year, &moment.month,
+                    &moment.day, &moment.hour, &moment.minute, &moment.second, &rest);
     const bool good = fields == 6 && moment.year >= 1600 && moment.month >= 1 &&
                       moment.month <= 12 && moment.day >= 1 && moment.day <= 31 &&
                       moment.hour >= 0 && moment.hour < 24 && moment.minute >= 0 &&

@@ -23,8 +23,9 @@ Program::Program(Surroundings &around, const std::shared_ptr<bool> &over,
                  const Texte &folder, const std::optional<Texte> &userData)
     : scripted::Windows(files_, whileRunning(over, sink)), over_(over),
       sink_(whileRunning(over, sink)), converse_(std::move(converse)), sound_(sink_),
-      documents_(sink_), printer_(sink_), wheel_(screen, around.clock),
-      services_{screen, files_, around.clock, around.random, sound_, documents_, application_, printer_},
+      documents_(sink_), printer_(sink_),
+      wheel_(screen, around.clock), services_{screen, files_,     around.clock, around.random,
+                                              sound_, documents_, application_, printer_},
       g_(services_), windows_(g_) {
     wheel = &wheel_;
     files_.writeTime = [&around] { return around.clock.now(); };
@@ -39,7 +40,8 @@ Program::Program(Surroundings &around, const std::shared_ptr<bool> &over,
 
 void Program::run() {
     // However it ends, the windows go with the process, and tell nobody.
-    const std::unique_ptr<bool, void (*)(bool *)> atTheEnd(over_.get(), [](bool *over) { *over = true; });
+    const std::unique_ptr<bool, void (*)(bool *)> atTheEnd(over_.get(),
+                                                           [](bool *over) { *over = true; });
     try {
         Main(g_, windows_);
     } catch (const ProgramEnd &end) {
