@@ -9,7 +9,7 @@ namespace grimoval {
 FOption::FOption(Globales &globales) : Fenetre(globales, "FOption") {
     Width = 4395;
     Height = 2880;
-    background = "dialogue";
+    background = "cadre";
     Caption = Application::title;
 
     // clang-format off

@@ -6,7 +6,7 @@ namespace grimoval {
 Fmsg1::Fmsg1(Globales &globales) : Fenetre(globales, "Fmsg1") {
     Width = 5355;
     Height = 2070;
-    background = "dialogue";
+    background = "cadre";
     centred = true;
     Caption = Application::title;
 

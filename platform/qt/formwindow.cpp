@@ -19,7 +19,8 @@ namespace grimoval {
 
 FormWindow::FormWindow(Form &form, Host &host)
     : form_(&form), host_(host),
-      surface_(form.background == "dialogue" ? Surface::parchment : Surface::night),
+      surface_(form.background == "dialogue" || form.background == "cadre" ? Surface::parchment
+                                                                           : Surface::night),
       background_(host.pictures.background(form.background)), factor_(host.factor) {
     setObjectName(QString::fromStdString(form.path()));
     setAttribute(Qt::WA_OpaquePaintEvent);

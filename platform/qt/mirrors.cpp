@@ -70,7 +70,7 @@ GaugeMirror::GaugeMirror(FormWindow &window, Gauge &control)
 void GaugeMirror::refresh(const PropertyBase *property) {
     refreshWidget();
     view_->set(subject_.Valeur, subject_.Maximum, toQt(subject_.TexteFlux),
-                ink(subject_.CouleurTexte, Surface::night));
+               ink(subject_.CouleurTexte, Surface::night));
     if (property == nullptr || property == &subject_.EnMarche) {
         if (!subject_.EnMarche) {
             second_.stop();
@@ -108,9 +108,7 @@ ListMirror::ListMirror(FormWindow &window, List &control) : ViewMirror(window, c
             refreshWidget();
         }
     };
-    view_->onDoubleClick = [this] {
-        window_.door([this](Form &) { subject_.userDoubleClick(); });
-    };
+    view_->onDoubleClick = [this] { window_.door([this](Form &) { subject_.userDoubleClick(); }); };
 }
 
 void ListMirror::refresh(const PropertyBase *property) {
@@ -159,6 +157,17 @@ CheckMirror::CheckMirror(FormWindow &window, CheckBox &control) : ViewMirror(win
     listen();
 }
 
+// A box is never too small for a child's hand: it grows away from its label, from its right edge.
+void CheckMirror::fit() {
+    constexpr int least = 26 * 15; // twips
+    Place place = subject_.place;
+    const int wider = std::max(0, least - place.width), higher = std::max(0, least - place.height);
+    place = {place.left - wider, place.top - higher / 2, place.width + wider,
+             place.height + higher};
+    view_->setFactor(window_.factor());
+    view_->setGeometry(window_.onScreen(place));
+}
+
 void CheckMirror::refresh(const PropertyBase * /*property*/) {
     refreshWidget();
     view_->setChecked(subject_.Value != 0);
@@ -176,7 +185,7 @@ ScrollMirror::ScrollMirror(FormWindow &window, ScrollBar &control) : ViewMirror(
 void ScrollMirror::refresh(const PropertyBase * /*property*/) {
     refreshWidget();
     view_->set(subject_.Min, subject_.Max, subject_.Value, subject_.smallChange,
-                subject_.largeChange);
+               subject_.largeChange);
 }
 
 FieldMirror::FieldMirror(FormWindow &window, TextField &control) : ViewMirror(window, control) {

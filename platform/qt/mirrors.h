@@ -99,6 +99,7 @@ private:
 class CheckMirror : public ViewMirror<CheckBox, CheckView> {
 public:
     CheckMirror(FormWindow &window, CheckBox &control);
+    void fit() override;
     void refresh(const PropertyBase *property) override;
 };
 

@@ -98,8 +98,8 @@ void WordView::arrange() {
         const double other = tileFor(lines, comment, place.size());
         // Of two as large, the better balanced.
         const bool larger = other > tile * 1.001;
-        if (larger || (best.size() == 2 && other > tile * 0.999 &&
-                       widestOf(lines) < widestOf(best))) {
+        if (larger ||
+            (best.size() == 2 && other > tile * 0.999 && widestOf(lines) < widestOf(best))) {
             tile = other;
             best = lines;
         }
@@ -120,15 +120,14 @@ void WordView::lay(const QStringList &lines, double tile, const QRectF &place) {
         for (const QChar character : text) {
             const double width = widthOf(character) * tile;
             const double side = kindOf(character) == Piece::plain ? 0 : gap * tile / 2;
-            pieces_.push_back({character,
-                               QRectF(x + side, y, width - 2 * side, tile * tileHeight),
+            pieces_.push_back({character, QRectF(x + side, y, width - 2 * side, tile * tileHeight),
                                kindOf(character)});
             x += width;
         }
         y += line;
     }
-    commentPlace_ = QRectF(place.left(), std::min(y, area().bottom() - height - 2), place.width(),
-                           height);
+    commentPlace_ =
+        QRectF(place.left(), std::min(y, area().bottom() - height - 2), place.width(), height);
 }
 
 void WordView::draw(QPainter &painter) {
@@ -143,8 +142,12 @@ void WordView::draw(QPainter &painter) {
 
     const QColor colour = ink(written().colour, Surface::parchment);
     if (isSentence()) {
-        drawFitted(painter, inside(), written().text, std::min(area().height() * 0.42, 34 * f),
-                   true, true, Qt::AlignCenter, colour);
+        // On one line, unless that would make it small.
+        const double largest = std::min(area().height() * 0.42, 34 * f);
+        const QString &text = written().text;
+        const bool wraps =
+            fittingPixels(text, inside().size(), largest, true, false) < 0.6 * largest;
+        drawFitted(painter, inside(), text, largest, true, wraps, Qt::AlignCenter, colour);
         return;
     }
     for (const Piece &piece : pieces_) {
@@ -155,8 +158,9 @@ void WordView::draw(QPainter &painter) {
             painter.setPen(Qt::NoPen);
             painter.setBrush(shade::gold);
             const double r = size * 0.2;
-            painter.drawPolygon(QPolygonF({middle + QPointF(0, -r * 1.25), middle + QPointF(r, 0),
-                                           middle + QPointF(0, r * 1.25), middle + QPointF(-r, 0)}));
+            painter.drawPolygon(
+                QPolygonF({middle + QPointF(0, -r * 1.25), middle + QPointF(r, 0),
+                           middle + QPointF(0, r * 1.25), middle + QPointF(-r, 0)}));
         } else if (piece.kind == Piece::open) {
             drawTile(painter, piece.place, Qt::white, shade::goldDark, f);
             drawFitted(painter, piece.place.adjusted(1, 0, -1, -3 * f), QString(piece.character),
