@@ -12,7 +12,7 @@ namespace {
 constexpr std::u16string_view finDeLigne = u"\r\n";
 const Texte zone2(14, u' '), zone3(28, u' '); // print zones are 14 columns wide
 constexpr int longueurSansImprimante = 68;
-constexpr int plusLongueSeparation = 4000; // beyond it a printer answers nonsense
+constexpr std::size_t plusLongueSeparation = 4000; // beyond it a printer answers nonsense
 
 // The text of the mode, with its leading blank.
 const char16_t *niveau(int mode) {
@@ -42,15 +42,15 @@ Texte FScore2::ligneDeSeparation() {
     try {
         Canvas &imprimante = g.services.printer;
         const double page = imprimante.pageWidth();
-        if (!std::isfinite(page)) {
+        if (!std::isfinite(page) || !(imprimante.textWidth(u"-") > 0)) {
             return sans;
         }
         Texte ligne;
         while (imprimante.textWidth(ligne) < page) {
-            ligne += u'-';
-            if (!(imprimante.textWidth(ligne) > 0) || ligne.size() > plusLongueSeparation) {
+            if (ligne.size() == plusLongueSeparation) {
                 return sans;
             }
+            ligne += u'-';
         }
         return ligne;
     } catch (const Failure &) {

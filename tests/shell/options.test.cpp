@@ -1,0 +1,187 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The sound options, the window about the program, the help.
+#include "shell/GLBPAROL.h"
+#include "support/game.h"
+
+#include <gtest/gtest.h>
+
+namespace grimoval::test {
+namespace {
+
+const Texte settings = u"donnees/Calvenor/Le Grimoval/GRIMOVA.INI";
+
+struct Options : Game {
+    void open(std::function<void()> step) {
+        windows.take();
+        windows.expectModal("FOption", [step = std::move(step)](Form &) { step(); });
+        ASSERT_TRUE(menu.CmdCfg[1].userClick());
+    }
+    std::string file() { return folder.exists(settings) ? folder.read(settings) : ""; }
+};
+
+TEST(SoundOptions, OkWithoutAChangeLeavesTheTuneAloneAndWritesTheVoice) {
+    Options game;
+    game.open([&] {
+        EXPECT_EQ(game.all.option.ConfTSons[0].Value, 1);
+        EXPECT_EQ(game.all.option.ConfTSons[1].Value, 1);
+        EXPECT_TRUE(game.all.option.Cmd[0].userClick());
+    });
+    EXPECT_EQ(game.file(), "[Le Grimoval]\r\nParole=1\r\n");
+    EXPECT_TRUE(only(game.windows.take(), "musique").empty());
+}
+
+TEST(SoundOptions, MusicIsSwitchedAtOnceAndInTheFile) {
+    Options game;
+    game.open([&] {
+        EXPECT_TRUE(game.all.option.ConfTSons[0].userClick());
+        EXPECT_TRUE(game.all.option.Cmd[0].userClick());
+    });
+    EXPECT_EQ(game.g.son.MusiqueActive, 0);
+    EXPECT_EQ(game.file(), "[Le Grimoval]\r\nMusic=0\r\nParole=1\r\n");
+    EXPECT_EQ(only(game.windows.take(), "musique"), Events{"musique arret"});
+    game.open([&] {
+        EXPECT_TRUE(game.all.option.ConfTSons[0].userClick());
+        EXPECT_TRUE(game.all.option.Cmd[0].userClick());
+    });
+    EXPECT_EQ(game.file(), "[Le Grimoval]\r\nMusic=1\r\nParole=1\r\n");
+    EXPECT_EQ(only(game.windows.take(), "musique"), Events{"musique CLVMID1.mid"});
+    EXPECT_TRUE(game.sound.looping);
+}
+
+TEST(SoundOptions, EscapeConfirmsAndTheSecondButtonAbandons) {
+    Options game;
+    game.open([&] {
+        EXPECT_TRUE(game.all.option.ConfTSons[1].userClick());
+        EXPECT_TRUE(game.all.option.Cmd[1].userClick());
+    });
+    EXPECT_EQ(game.g.son.ParoleActive, 1);
+    EXPECT_EQ(game.file(), "");
+    game.open([&] {
+        EXPECT_TRUE(game.all.option.ConfTSons[1].userClick());
+        game.press(Key::escape);
+    });
+    EXPECT_EQ(game.g.son.ParoleActive, 0);
+    EXPECT_EQ(game.file(), "[Le Grimoval]\r\nParole=0\r\n");
+}
+
+TEST(SoundOptions, ACloseRequestIsTheCancel) {
+    Options game;
+    game.open([&] {
+        EXPECT_TRUE(game.all.option.ConfTSons[0].userClick());
+        game.all.option.requestClose();
+    });
+    EXPECT_EQ(game.g.son.MusiqueActive, 1);
+    EXPECT_EQ(game.file(), "");
+}
+
+TEST(SoundOptions, WithoutMidiTheBoxIsEmptyAndOkSwitchesMusicOff) {
+    Options game;
+    game.g.son.MidiPresent = 0;
+    game.open([&] {
+        EXPECT_EQ(game.all.option.ConfTSons[0].Value, 0);
+        EXPECT_FALSE(game.all.option.ConfTSons[0].userClick());
+        EXPECT_TRUE(game.all.option.Cmd[0].userClick());
+    });
+    EXPECT_EQ(game.g.son.MusiqueActive, 0);
+    EXPECT_EQ(game.file(), "[Le Grimoval]\r\nMusic=0\r\nParole=1\r\n");
+}
+
+TEST(SoundOptions, TheWordFlipsADisabledBoxAndNothingSounds) {
+    Options game;
+    game.g.son.WavPresent = 0;
+    game.g.son.ParoleActive = 0;
+    game.open([&] {
+        EXPECT_TRUE(game.all.option.Etiquette[1].userClick());
+        EXPECT_EQ(game.all.option.ConfTSons[1].Value, 1);
+        EXPECT_TRUE(game.all.option.Cmd[0].userClick());
+    });
+    EXPECT_EQ(game.g.son.ParoleActive, 1);
+    game.question.load();
+    JouerErreur(game.g);
+    EXPECT_TRUE(game.prompts().empty());
+}
+
+TEST(SoundOptions, WorkingValuesAreFilledAtEachActivationAndGoWithTheWindow) {
+    Options game;
+    game.open([&] {
+        EXPECT_EQ(game.all.option.ChoixMusique, 1);
+        EXPECT_TRUE(game.all.option.Cmd[1].userClick());
+    });
+    EXPECT_EQ(game.all.option.ChoixMusique, 0);
+    EXPECT_EQ(game.all.option.ChoixParole, 0);
+}
+
+TEST(About, ShowsTheMakersLinesAndEachPaintGivesTheFocusToTheSite) {
+    Game game;
+    game.g.BoutonSite = true;
+    game.windows.expectModal("FAbout", [&](Form &form) {
+        FAbout &about = game.all.about;
+        EXPECT_EQ(shown(about.Caption), "A propos de l'application : Le Grimoval ");
+        EXPECT_EQ(shown(about.Txt[0].Caption), "Le Grimoval ");
+        EXPECT_EQ(shown(about.Txt[1].Caption), "Pour tous renseignements et remarques :");
+        EXPECT_NE(shown(about.Txt[2].Caption).find("\nFRANCE\n\nsupport technique : "),
+                  std::string::npos);
+        EXPECT_TRUE(game.g.TexteMessage.empty());
+        EXPECT_EQ(form.focus(), &about.CmdABout[1]);
+        form.setFocus(about.CmdABout[0]);
+        form.expose();
+        EXPECT_EQ(form.focus(), &about.CmdABout[1]);
+        game.press(Key::escape);
+    });
+    EXPECT_TRUE(game.menu.lblAbout.userClick());
+    EXPECT_FALSE(game.all.about.isLoaded());
+}
+
+TEST(About, TheSiteOpensAtEachClickAndTheWindowStays) {
+    Game game;
+    game.g.BoutonSite = true;
+    game.windows.expectModal("FAbout", [&](Form &form) {
+        game.windows.take();
+        EXPECT_TRUE(game.all.about.CmdABout[1].userClick());
+        EXPECT_TRUE(game.all.about.CmdABout[1].userClick());
+        EXPECT_EQ(only(game.windows.take(), "web "), (Events{"web https://www.calvenor.example/",
+                                                             "web https://www.calvenor.example/"}));
+        EXPECT_TRUE(form.isShown());
+        EXPECT_TRUE(game.all.about.CmdABout[0].userClick());
+    });
+    game.menu.lblAbout.userClick();
+}
+
+TEST(About, TheMailCarriesTitleAndVersionAndIsNotEncoded) {
+    Game game;
+    game.windows.expectModal("FAbout", [&](Form &) {
+        game.windows.take();
+        EXPECT_TRUE(game.all.about.Command2.userClick());
+        EXPECT_EQ(
+            only(game.windows.take(), "courriel "),
+            Events{"courriel \"mailto:support@calvenor.example?Subject=Le Grimoval 1.0.9"
+                   "?&body=Veuillez saisir votre message et merci de ne pas modifier le titre "
+                   "(sujet/subject)\""});
+        game.press(Key::escape);
+    });
+    game.menu.lblAbout.userClick();
+}
+
+TEST(About, WithoutTheSiteItsButtonIsHidden) {
+    Game game;
+    game.g.BoutonSite = false;
+    game.windows.expectModal("FAbout", [&](Form &) {
+        EXPECT_FALSE(game.all.about.CmdABout[1].isVisible());
+        game.press(Key::escape);
+    });
+    game.menu.lblAbout.userClick();
+}
+
+TEST(Help, OpensAtItsIndexAndTheGameGoesOn) {
+    Game game;
+    game.start({.limited = true});
+    game.windows.take();
+    EXPECT_TRUE(game.menu.CmdTjr[1].userClick());
+    EXPECT_EQ(
+        only(game.windows.take(), "aide "),
+        Events{"aide " + shownValue(game.g.dossiers.DossierAppli + u"Le Grimoval.HLP") + " Index"});
+    EXPECT_TRUE(game.menu.FluReflec.EnMarche);
+}
+
+} // namespace
+} // namespace grimoval::test
