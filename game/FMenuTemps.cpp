@@ -56,6 +56,7 @@ void FMenu::MinutHorloge_Timer() {
 
 void FMenu::Form_Activate() {
     FluReflec.Valeur = 0;
+    FluReflec.TexteFlux = u"0";
     FluReflec.Visible = limite();
 }
 

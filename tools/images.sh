@@ -1,4 +1,5 @@
 #!/bin/bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Le Grimoval: makes the picture files of the program from their SVG sources.
 #
 #   tools/images.sh SOURCES DEST [KIND]

@@ -1,4 +1,5 @@
 #!/bin/bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Le Grimoval: makes the sound files of the program from their text sources.
 #
 #   tools/sons.sh [--table] SOURCES DEST

@@ -2,6 +2,7 @@
 #include "platform/qt/accessibility.h"
 
 #include "platform/qt/drawn.h"
+#include "platform/qt/formwindow.h"
 
 #include <QAccessibleWidget>
 #include <QPointer>
@@ -24,12 +25,13 @@ public:
             state.checked = drawn().isChecked();
         }
         state.pressed = drawn().isDown();
+        state.disabled = state.disabled || !takesPress();
         return state;
     }
 
     QStringList actionNames() const override {
         QStringList names;
-        if (drawn().onPress && drawn().isEnabled()) {
+        if (drawn().onPress && drawn().isEnabled() && takesPress()) {
             names << (role() == QAccessible::CheckBox ? toggleAction() : pressAction());
         }
         return names + QAccessibleWidget::actionNames();
@@ -51,12 +53,32 @@ public:
     }
 
 private:
+    // Not while another window stands over it.
+    bool takesPress() const {
+        const auto *window = dynamic_cast<const FormWindow *>(widget()->window());
+        return !drawn().onPress || window == nullptr || window->isOpen();
+    }
+
     Drawn &drawn() const { return static_cast<Drawn &>(*widget()); }
 };
 
+class WindowInterface : public QAccessibleWidget {
+public:
+    explicit WindowInterface(QWidget *window) : QAccessibleWidget(window, QAccessible::Window) {}
+
+    QAccessible::Role role() const override {
+        return widget()->isModal() ? QAccessible::Dialog : QAccessible::Window;
+    }
+};
+
 QAccessibleInterface *interfaceFor(const QString & /*className*/, QObject *object) {
-    auto *drawn = dynamic_cast<Drawn *>(object);
-    return drawn == nullptr ? nullptr : new DrawnInterface(drawn);
+    if (auto *drawn = dynamic_cast<Drawn *>(object)) {
+        return new DrawnInterface(drawn);
+    }
+    if (auto *window = dynamic_cast<FormWindow *>(object)) {
+        return new WindowInterface(window);
+    }
+    return nullptr;
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/qt/formwindow.h"
 
+#include "platform/qt/drawn.h"
 #include "platform/qt/nativeviews.h"
 #include "platform/qt/strings.h"
 #include "platform/services.h"
@@ -27,7 +28,7 @@ FormWindow::FormWindow(Form &form, Host &host)
     setAttribute(Qt::WA_InputMethodEnabled, false);
     setMouseTracking(true);
     setFocusPolicy(form.backdrop ? Qt::NoFocus : Qt::TabFocus);
-    setDecoration(false);
+    setDecoration(false, false);
     if (!form.backdrop) {
         setStyleSheet(sheetFor(factor_));
     }
@@ -105,7 +106,10 @@ Control *controlOf(const FormWindow &window, const QObject *widget) {
 void FormWindow::changed(const PropertyBase &property) {
     if (&property == &form_->Caption) {
         const Texte &title = form_->Caption;
-        setWindowTitle(toQt(title.empty() ? Application::title : title));
+        // An empty title would become the program's own: without a caption there is to be none, but
+        // for a screen reader.
+        setWindowTitle(title.empty() ? QStringLiteral(" ") : toQt(title));
+        setAccessibleName(toQt(title.empty() ? Application::title : title));
     } else if (&property == &form_->MousePointer) {
         if (form_->MousePointer == 10) {
             setCursor(Qt::PointingHandCursor);
@@ -141,9 +145,9 @@ void FormWindow::refreshDependents(const Control &control) {
 
 // ---- place and scale
 
-void FormWindow::setDecoration(bool modal) {
-    isModal_ = modal;
-    Qt::WindowFlags flags = Qt::Window;
+void FormWindow::setDecoration(bool over, bool modal) {
+    // Window systems tie dialogs alone to the window that they stand over.
+    Qt::WindowFlags flags = over ? Qt::Dialog : Qt::Window;
     if (form_->titleBar) {
         flags |= Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                  Qt::WindowCloseButtonHint;
@@ -272,15 +276,21 @@ QRect FormWindow::ringOf(const QWidget *widget) const {
 // ---- coming and going
 
 void FormWindow::showOver(FormWindow *opener, bool modal) {
-    setDecoration(modal);
+    setDecoration(opener != nullptr, modal);
     place();
     for (const auto &mirror : mirrors_) {
         mirror->settle();
     }
     seen_ = false;
     inView_ = false;
-    winId(); // makes the window of the window system
     QWindow *window = windowHandle();
+    if (window != nullptr && QGuiApplication::focusWindow() == window) {
+        // Hidden and shown again in one go: Qt believes that it still has the keyboard, and would
+        // not hear that it gets it anew.
+        window->destroy();
+    }
+    winId(); // makes the window of the window system
+    window = windowHandle();
     window->installEventFilter(this);
     window->setTransientParent(opener == nullptr ? nullptr : opener->windowHandle());
     if (form_->backdrop) {
@@ -292,6 +302,19 @@ void FormWindow::showOver(FormWindow *opener, bool modal) {
     raise();
     activateWindow();
     followFocus();
+}
+
+void FormWindow::tellReach() {
+    if (assign(wasOpen_, isOpen()) && QAccessible::isActive()) {
+        for (const auto &mirror : mirrors_) {
+            if (auto *drawn = dynamic_cast<Drawn *>(mirror->widget()); drawn && drawn->onPress) {
+                QAccessible::State changed;
+                changed.disabled = true;
+                QAccessibleStateChangeEvent event(drawn, changed);
+                QAccessible::updateAccessibility(&event);
+            }
+        }
+    }
 }
 
 void FormWindow::hideMirror() {

@@ -47,6 +47,8 @@ public:
     // Time passes, or the window comes into view: also then.
     void run(const std::function<void(Form &)> &action);
     bool isOpen() const { return form_ != nullptr && host_.reaches(*form_); }
+    // Tells the accessibility bus if the window has begun or ceased to take what a person does.
+    void tellReach();
 
     Mirror *mirrorOf(const Control *control) const;
     Pictures &pictures() const { return host_.pictures; }
@@ -70,7 +72,7 @@ private:
     void makeMirrors();
     void place();
     void scaleTo(QSize size);
-    void setDecoration(bool modal);
+    void setDecoration(bool over, bool modal);
     void followFocus();
     void followFocusLater();
     void exposed();
@@ -91,10 +93,9 @@ private:
     std::unordered_map<const Control *, Mirror *> byControl_;
     double factor_ = 1;
     QPoint origin_;
-    bool isModal_ = false;
     bool forwarding_ = false, following_ = false, followPending_ = false;
     bool deadKey_ = false;
-    bool inView_ = false, seen_ = false;
+    bool inView_ = false, seen_ = false, wasOpen_ = false;
 };
 
 // The control that the widget shows, if any.

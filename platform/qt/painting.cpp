@@ -36,7 +36,10 @@ double fittingPixels(const QString &text, QSizeF place, double pixels, bool bold
         const QFontMetricsF metrics(fontOf(size, bold));
         const QRectF needed =
             metrics.boundingRect(QRectF(0, 0, wraps ? place.width() : 1e6, 1e6), flags, text);
-        if (needed.width() <= place.width() + 0.5 && needed.height() <= place.height() + 0.5) {
+        // The letters themselves need less than the line that a tall font reserves for them.
+        const double spare = std::max(0.0, metrics.height() - size * 1.2);
+        if (needed.width() <= place.width() + 0.5 &&
+            needed.height() - spare <= place.height() + 0.5) {
             return size;
         }
     }

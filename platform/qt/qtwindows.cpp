@@ -22,6 +22,14 @@ QtWindows::QtWindows(Files &files, const Texte &dataFolder)
     host_.idle = [this] { bury(); };
     host_.factor = factorFor(QGuiApplication::primaryScreen()->geometry().size());
     QGuiApplication::setQuitOnLastWindowClosed(false); // the program ends when it says so
+    waker_.setSingleShot(true);
+    QObject::connect(&waker_, &QTimer::timeout, &waker_, [this] {
+        const Form *active = toWake_->active();
+        FormWindow *window = active == nullptr ? nullptr : windowOf(*active);
+        if (window != nullptr && !active->backdrop && !window->isActiveWindow() && box() == nullptr) {
+            window->activateWindow();
+        }
+    });
     dressApplication();
     installAccessibility();
 }
@@ -78,12 +86,13 @@ void QtWindows::shown(Form &form, Form *opener) {
         below = backdrop();
     }
     windowOf(form)->showOver(below, modal);
+    tellReach();
 }
 
 void QtWindows::hidden(Form &form) {
     windowOf(form)->hideMirror();
     endModal(form);
-    activateBelow(form);
+    wakeTop(form);
 }
 
 void QtWindows::unloaded(Form &form) {
@@ -92,7 +101,7 @@ void QtWindows::unloaded(Form &form) {
     window->detach();
     graves_.emplace_back(window);
     endModal(form);
-    activateBelow(form);
+    wakeTop(form);
     if (host_.depth == 0) {
         bury();
     }
@@ -108,11 +117,15 @@ void QtWindows::bury() {
     graves_.clear();
 }
 
-void QtWindows::activateBelow(const Form &form) {
-    const Form *active = form.screen().active();
-    if (FormWindow *window = active == nullptr ? nullptr : windowOf(*active);
-        window != nullptr && !active->backdrop && window->isVisible()) {
-        window->activateWindow();
+void QtWindows::wakeTop(const Form &form) {
+    toWake_ = &form.screen();
+    waker_.start(0);
+    tellReach();
+}
+
+void QtWindows::tellReach() {
+    for (const auto &[form, window] : windows_) {
+        window->tellReach();
     }
 }
 
@@ -179,11 +192,13 @@ void QtWindows::message(const Message &text) {
     }
     const bool arrow = hourglass_;
     box.open();
+    tellReach();
     loop.exec();
     if (arrow) {
         QGuiApplication::restoreOverrideCursor();
     }
     std::erase(boxes_, &box);
+    tellReach();
 }
 
 void QtWindows::beep() { QApplication::beep(); }

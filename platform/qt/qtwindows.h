@@ -5,6 +5,7 @@
 #include "platform/qt/formwindow.h"
 
 #include <QPointer>
+#include <QTimer>
 
 class QDialog;
 class QEventLoop;
@@ -46,7 +47,10 @@ public:
 
 private:
     void endModal(const Form &form);
-    void activateBelow(const Form &form);
+    // The window on top takes the keyboard, once it is known which one that is.
+    void wakeTop(const Form &form);
+    // What takes clicks has become another window.
+    void tellReach();
     void bury();
     FormWindow *backdrop() const;
 
@@ -57,6 +61,8 @@ private:
     std::vector<QPointer<FormWindow>> graves_; // of forms that are gone
     std::unordered_map<const Form *, QEventLoop *> loops_;
     std::vector<QDialog *> boxes_;
+    QTimer waker_;
+    const Screen *toWake_ = nullptr;
     bool hourglass_ = false;
 };
 

@@ -1,0 +1,177 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""The report from the real program: a private print scheduler on the loopback, with a queue that
+writes what it is sent into a file, made the default; then a machine without any printer."""
+import os
+import re
+import socket
+import subprocess
+import tempfile
+import time
+import unittest
+
+from partie import GameTest, main, wait_for
+
+CUPSD = "/usr/sbin/cupsd"
+
+DAEMON = """
+Listen 127.0.0.1:{port}
+DefaultAuthType None
+Browsing Off
+WebInterface No
+LogLevel warn
+MaxLogSize 0
+<Location />
+  Order allow,deny
+  Allow all
+</Location>
+<Policy default>
+  <Limit All>
+    Order deny,allow
+    Allow all
+  </Limit>
+</Policy>
+"""
+
+FILES = """
+ServerRoot {root}/etc
+ServerBin {root}/bin
+RequestRoot {root}/spool
+TempDir {root}/spool/tmp
+CacheDir {root}/cache
+StateDir {root}/state
+AccessLog {root}/access
+ErrorLog {root}/error
+PageLog {root}/page
+"""
+
+BACKEND = """#!/bin/sh
+[ $# -lt 5 ] && echo 'direct papier "Papier" "Papier"' && exit 0
+cat ${{6:+"$6"}} > {page}.new && mv {page}.new {page}
+"""
+
+
+class Scheduler:
+    """A print scheduler of our own, gone at the end of the block."""
+
+    def __init__(self, folder):
+        self.root = os.path.join(folder, "cups")
+        self.page = os.path.join(self.root, "page.pdf")
+
+    def __enter__(self):
+        for name in ("etc", "bin/backend", "spool/tmp", "cache", "state"):
+            os.makedirs(os.path.join(self.root, name))
+        for name in os.listdir("/usr/lib/cups"):
+            if name != "backend":
+                os.symlink(os.path.join("/usr/lib/cups", name),
+                           os.path.join(self.root, "bin", name))
+        backend = os.path.join(self.root, "bin", "backend", "papier")
+        with open(backend, "w", encoding="utf-8") as file:
+            file.write(BACKEND.format(page=self.page))
+        os.chmod(backend, 0o700)  # the scheduler runs it as the administrator, who owns the folder
+        with socket.socket() as free:
+            free.bind(("127.0.0.1", 0))
+            port = free.getsockname()[1]
+        self.server = f"127.0.0.1:{port}"
+        for name, text in (("cupsd.conf", DAEMON), ("cups-files.conf", FILES)):
+            with open(os.path.join(self.root, name), "w", encoding="utf-8") as file:
+                file.write(text.format(port=port, root=self.root))
+        self.process = subprocess.Popen(
+            [CUPSD, "-f", "-c", os.path.join(self.root, "cupsd.conf"),
+             "-s", os.path.join(self.root, "cups-files.conf")],
+            stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        wait_for(lambda: self.run("lpstat", "-r").returncode == 0, "a print scheduler", 15)
+        self.run("lpadmin", "-p", "Papier", "-E", "-v", "papier:/", "-m", "raw", check=True)
+        self.run("lpadmin", "-d", "Papier", check=True)
+        return self
+
+    def __exit__(self, *_):
+        self.process.terminate()
+        self.process.wait(10)
+
+    def run(self, *command, check=False):
+        return subprocess.run(command, env={**os.environ, "CUPS_SERVER": self.server},
+                              stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                              stderr=subprocess.DEVNULL, timeout=20, check=check)
+
+
+def words_of(page):
+    """(text, left, top) of every word, in points, in the order of the page."""
+    answer = subprocess.run(["pdftotext", "-bbox", page, "-"], check=True, text=True,
+                            stdout=subprocess.PIPE, timeout=20).stdout
+    return [(text, float(x), float(y)) for x, y, text in
+            re.findall(r'<word xMin="([\d.]+)" yMin="([\d.]+)"[^>]*>(.*?)</word>', answer)]
+
+
+class Printing(GameTest):
+    def setUp(self):
+        pass  # the program starts when its print system is known
+
+    def start_with(self, server):
+        os.environ["CUPS_SERVER"] = server
+        super().setUp()
+
+    def play_a_word(self):
+        self.start_game("1 Joueur", ("dupont", "marie"))
+        self.propose("Z")
+        self.program.press("Voir la réponse")
+        self.program.press("Stopper la partie")
+        self.program.await_one("push button", "Imprimer")
+
+    @unittest.skipUnless(os.geteuid() == 0 and os.path.exists(CUPSD),
+                         "a print scheduler runs as the administrator alone")
+    def test_the_report_lies_on_the_page_of_the_default_printer(self):
+        folder = self.enterContext(tempfile.TemporaryDirectory(prefix="grimoval-"))
+        with Scheduler(folder) as scheduler:
+            self.start_with(scheduler.server)
+            self.play_a_word()
+            self.program.press("Imprimer")
+            wait_for(lambda: os.path.exists(scheduler.page), "a printed page", 20)
+            self.program.press("Quitter")
+            words = words_of(scheduler.page)
+        place = {}
+        for text, x, y in words:
+            place.setdefault(text, (x, y))
+        left = place["Fichier"][0]
+        # Labels stand in one column, one line of the font below the other.
+        rows = ["Fichier", "Sujet"]
+        line = place["Sujet"][1] - place["Fichier"][1]
+        self.assertAlmostEqual(line, 11.3, delta=1.0)
+        for row in rows:
+            self.assertAlmostEqual(place[row][0], left, delta=0.1)
+        # The heading begins at the second print zone: 14 characters of 6 points from the edge, or 28.
+        edge = left - 2 * 6.0
+        heading = (place["Grimoval"][0] - 3 * 6.0 - edge) / 6.0
+        self.assertAlmostEqual(heading % 14, 0, delta=0.2)
+        # The names of the player stand one above the other, left of the values by nothing.
+        self.assertAlmostEqual(place["DUPONT"][0], place["MARIE"][0], delta=0.1)
+        self.assertAlmostEqual(place["MARIE"][1] - place["DUPONT"][1], line, delta=0.3)
+        # A number has a blank for its sign: it stands one character right of the name's edge.
+        for label, value in (("proposés", "1"), ("d'abandons", "1"), ("non", "1"),
+                             ("mauvaises", "1"), ("bonnes", "0")):
+            row = next(y for text, _, y in words if text.replace("&apos;", "'") == label)
+            values = [(text, x) for text, x, y in words
+                      if abs(y - row) < 0.5 and text.isdigit()]
+            self.assertEqual(values[0][0], value, label)
+            self.assertAlmostEqual(values[0][1], place["DUPONT"][0] + 6.0, delta=0.2)
+        text = " ".join(word for word, _, _ in words)
+        for expected in ("Le Grimoval v3.0", "Fichier : BETES.DBS", "Sujet : Les bêtes",
+                         "Nombre de mots : 5", "Temps de réflexion limitée à 20 secondes",
+                         "Nombre d'erreurs limité à : 6", "Niveau : un seul joueur",
+                         "Nombre de mots non trouvés"):
+            self.assertIn(expected, text.replace("&apos;", "'"))
+        self.assertNotIn("SCORE", text)
+        self.assertTrue(all(0 < x < 595 and 0 < y < 842 for _, x, y in words))
+
+    def test_without_a_printer_a_message_comes_and_the_game_goes_on(self):
+        self.start_with("127.0.0.1:9")  # nobody answers there
+        self.play_a_word()
+        start = time.monotonic()
+        self.program.press("Imprimer")
+        self.program.await_one(name=re.compile("Problème d'imprimante !!"))
+        self.assertLess(time.monotonic() - start, 4)
+        self.program.press("OK")
+        self.program.press("Quitter")
+        self.program.await_one("push button", "Nouvelle partie")
+
+
+main()

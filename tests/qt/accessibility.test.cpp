@@ -1,0 +1,255 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What a screen reader, or a test from outside, finds on the accessibility bus.
+#include "qt/bench.h"
+
+#include <QAccessible>
+
+namespace grimoval::test {
+namespace {
+
+struct Bus : testing::Test {
+    Bench bench;
+    TestForm form{bench.screen};
+
+    QAccessibleInterface *of(Control &control) {
+        return QAccessible::queryAccessibleInterface(bench.mirror(control)->widget());
+    }
+    std::string name(Control &control) { return of(control)->text(QAccessible::Name).toStdString(); }
+    std::string description(Control &control) {
+        return of(control)->text(QAccessible::Description).toStdString();
+    }
+};
+
+TEST_F(Bus, APictureButtonIsAPushButtonSensitiveWhenItTakesClicks) {
+    PictureButton button(form, "Cmd");
+    button.accessibleName = u"Nouvelle partie";
+    button.place = {0, 0, 1500, 1500};
+    bench.show(form);
+    EXPECT_EQ(of(button)->role(), QAccessible::PushButton);
+    EXPECT_EQ(name(button), "Nouvelle partie");
+    EXPECT_FALSE(of(button)->state().disabled);
+    EXPECT_TRUE(of(button)->state().focusable);
+    EXPECT_TRUE(of(button)->state().focused);
+    button.Inactif = true;
+    EXPECT_TRUE(of(button)->state().disabled);
+    button.Inactif = false;
+    EXPECT_FALSE(of(button)->state().disabled);
+}
+
+TEST_F(Bus, PressClicksAfterTheCallHasReturnedEvenIfAModalWindowOpens) {
+    TestForm above(bench.screen, "Dessus");
+    PictureButton button(form, "Cmd");
+    button.place = {0, 0, 1500, 1500};
+    bool opened = false, returned = false;
+    button.Click = [&] {
+        opened = true;
+        Bench::later([&] { above.unload(); });
+        above.showModal();
+        returned = true;
+    };
+    bench.show(form);
+    QAccessibleActionInterface *action = of(button)->actionInterface();
+    ASSERT_NE(action, nullptr);
+    ASSERT_TRUE(action->actionNames().contains(QAccessibleActionInterface::pressAction()));
+    action->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_FALSE(opened);
+    bench.settle();
+    EXPECT_TRUE(opened);
+    EXPECT_TRUE(returned);
+}
+
+TEST_F(Bus, PressOnAGreyedButtonOrUnderAModalWindowDoesNothing) {
+    TestForm above(bench.screen, "Dessus");
+    PictureButton button(form, "Cmd");
+    button.place = {0, 0, 1500, 1500};
+    int clicks = 0;
+    button.Click = [&] { ++clicks; };
+    bench.show(form);
+    button.Inactif = true;
+    of(button)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    bench.settle();
+    button.Inactif = false;
+    EXPECT_EQ(clicks, 0);
+    Bench::later([&] {
+        of(button)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        Bench::settle();
+        above.unload();
+    });
+    above.showModal();
+    EXPECT_EQ(clicks, 0);
+}
+
+TEST_F(Bus, ALetterTellsItselfAndItsState) {
+    LetterButton letter(form, "VsAlpha", 0);
+    letter.caption = u"E";
+    letter.place = {0, 0, 800, 800};
+    letter.Picture = u"E.libre";
+    letter.DisabledPicture = u"E.repos";
+    bench.show(form);
+    EXPECT_EQ(of(letter)->role(), QAccessible::PushButton);
+    EXPECT_EQ(name(letter), "E");
+    EXPECT_EQ(description(letter), "disponible");
+    letter.Enabled = false;
+    EXPECT_EQ(description(letter), "au repos");
+    letter.DisabledPicture = u"E.trouvee";
+    EXPECT_EQ(description(letter), "trouvée");
+    letter.DisabledPicture = u"E.fausse";
+    EXPECT_EQ(description(letter), "fausse");
+}
+
+TEST_F(Bus, ALabelsNameIsTheTextThatItShowsMasksIncluded) {
+    Label word(form, "AffMot", 0);
+    word.look = Label::Look::word;
+    word.FontSize = 15;
+    word.accessibleDescription = u"Mot à trouver";
+    bench.show(form);
+    word.Caption = u"A##'É (FRUIT)";
+    EXPECT_EQ(of(word)->role(), QAccessible::StaticText);
+    EXPECT_EQ(name(word), "A##'É (FRUIT)");
+    EXPECT_EQ(description(word), "Mot à trouver");
+}
+
+TEST_F(Bus, AGaugeIsAProgressBarWithItsValueMaximumAndText) {
+    Gauge gauge(form, "FluReflec");
+    gauge.accessibleName = u"Temps de réflexion";
+    bench.show(form);
+    gauge.Maximum = 20;
+    gauge.Valeur = 7;
+    gauge.TexteFlux = u"7";
+    EXPECT_EQ(of(gauge)->role(), QAccessible::ProgressBar);
+    EXPECT_EQ(name(gauge), "Temps de réflexion");
+    EXPECT_EQ(description(gauge), "7");
+    ASSERT_NE(of(gauge)->valueInterface(), nullptr);
+    EXPECT_EQ(of(gauge)->valueInterface()->currentValue().toInt(), 7);
+    EXPECT_EQ(of(gauge)->valueInterface()->maximumValue().toInt(), 20);
+}
+
+TEST_F(Bus, TheThemePictureTellsItsCurtain) {
+    Picture picture(form, "VSDessin");
+    picture.accessibleName = u"Image du thème";
+    picture.scaleHeight = 200;
+    Shape curtain(form, "Shape1");
+    curtain.container = &picture;
+    curtain.Visible = false;
+    bench.show(form);
+    EXPECT_EQ(of(picture)->role(), QAccessible::Graphic);
+    EXPECT_EQ(name(picture), "Image du thème");
+    EXPECT_EQ(description(picture), "sans voile");
+    curtain.Visible = true;
+    EXPECT_EQ(description(picture), "voile 1/200");
+    curtain.Height = 166;
+    EXPECT_EQ(description(picture), "voile 166/200");
+    curtain.Visible = false;
+    EXPECT_EQ(description(picture), "sans voile");
+}
+
+TEST_F(Bus, WhatStandsBesideAControlNamesItAndGoesOnDoingSo) {
+    Label label(form, "Etiquette");
+    label.Caption = u"Nom :";
+    TextField field(form, "Saisie", 0);
+    CheckBox box(form, "Conf");
+    ScrollBar bar(form, "Def");
+    List list(form, "Lst");
+    for (Control *control : std::initializer_list<Control *>{&field, &box, &bar, &list}) {
+        control->labelledBy = &label;
+        control->place = {0, 0, 3000, 450};
+    }
+    bench.show(form);
+    EXPECT_EQ(of(field)->role(), QAccessible::EditableText);
+    EXPECT_EQ(of(box)->role(), QAccessible::CheckBox);
+    EXPECT_EQ(of(bar)->role(), QAccessible::ScrollBar);
+    EXPECT_EQ(of(list)->role(), QAccessible::List);
+    for (Control *control : std::initializer_list<Control *>{&field, &box, &bar, &list}) {
+        EXPECT_EQ(name(*control), "Nom :");
+    }
+    label.Caption = u"Prénom :";
+    for (Control *control : std::initializer_list<Control *>{&field, &box, &bar, &list}) {
+        EXPECT_EQ(name(*control), "Prénom :");
+    }
+}
+
+TEST_F(Bus, WithoutALabelAControlKeepsItsOwnName) {
+    List list(form, "Lst");
+    list.accessibleName = u"Thèmes";
+    bench.show(form);
+    EXPECT_EQ(name(list), "Thèmes");
+}
+
+TEST_F(Bus, ACheckBoxTellsItsStateAndIsToggled) {
+    CheckBox box(form, "Conf");
+    box.place = {0, 0, 450, 450};
+    bench.show(form);
+    EXPECT_TRUE(of(box)->state().checkable);
+    EXPECT_FALSE(of(box)->state().checked);
+    of(box)->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    bench.settle();
+    EXPECT_EQ(box.Value.get(), 1);
+    EXPECT_TRUE(of(box)->state().checked);
+}
+
+TEST_F(Bus, TheItemsOfAListAreTheirShownColumnsAlone) {
+    List list(form, "Lst");
+    list.place = {0, 0, 3000, 3000};
+    list.shownColumns = 10;
+    list.AddItem(u"LA FERME  FERME.DBS FERME");
+    bench.show(form);
+    QAccessibleInterface *item = of(list)->child(0);
+    ASSERT_NE(item, nullptr);
+    EXPECT_EQ(item->text(QAccessible::Name).toStdString(), "LA FERME");
+}
+
+TEST_F(Bus, ATextFieldTellsItsTextAndAScrollBarItsValue) {
+    TextField field(form, "Saisie", 0);
+    ScrollBar bar(form, "Def");
+    bar.Max = 120;
+    bench.show(form);
+    field.Text = u"Zoé";
+    bar.Value = 45;
+    EXPECT_EQ(of(field)->text(QAccessible::Value).toStdString(), "Zoé");
+    EXPECT_EQ(of(bar)->valueInterface()->currentValue().toInt(), 45);
+    of(bar)->valueInterface()->setCurrentValue(60); // as a screen reader would
+    EXPECT_EQ(bar.Value.get(), 60);
+}
+
+TEST_F(Bus, ATableIsReadCellByCell) {
+    Table table(form, "LstScore");
+    table.place = {0, 0, 6000, 3000};
+    table.AddItem(u"Score :\t12\t7");
+    bench.show(form);
+    QAccessibleTableInterface *cells = of(table)->tableInterface();
+    ASSERT_NE(cells, nullptr);
+    EXPECT_EQ(cells->rowCount(), 1);
+    EXPECT_EQ(cells->columnCount(), 3);
+    EXPECT_EQ(cells->cellAt(0, 1)->text(QAccessible::Name).toStdString(), "12");
+}
+
+TEST_F(Bus, AClickablePictureIsAPushButton) {
+    Picture picture(form, "Image1");
+    picture.accessibleName = u"Catalogue";
+    picture.place = {0, 0, 900, 900};
+    int clicks = 0;
+    picture.Click = [&] { ++clicks; };
+    bench.show(form);
+    EXPECT_EQ(of(picture)->role(), QAccessible::PushButton);
+    of(picture)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    bench.settle();
+    EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(Bus, AColouredKnobTellsTheTextBesideItAndItsColour) {
+    Label label(form, "TxtPlay", 0);
+    label.Caption = u"1 Joueur";
+    Shape knob(form, "CmdNbPlay", 0);
+    knob.labelledBy = &label;
+    knob.BackColor = colours::green;
+    knob.Click = [] {};
+    knob.place = {0, 0, 450, 450};
+    bench.show(form);
+    EXPECT_EQ(name(knob), "1 Joueur");
+    EXPECT_EQ(description(knob), "vert");
+    knob.BackColor = colours::red;
+    EXPECT_EQ(description(knob), "rouge");
+}
+
+} // namespace
+} // namespace grimoval::test

@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/qt/qtservices.h"
+
+#include "qt/bench.h"
+
+#include <QDateTime>
+#include <QFileInfo>
+
+#include <csignal>
+
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace grimoval::test {
+namespace {
+
+TEST(Services, TheClockIsTheLocalTime) {
+    QtClock clock;
+    const QDateTime before = QDateTime::currentDateTime();
+    const DateTime now = clock.now();
+    const QDateTime told(QDate(now.year, now.month, now.day),
+                         QTime(now.hour, now.minute, now.second));
+    EXPECT_LE(std::abs(before.secsTo(told)), 2);
+}
+
+TEST(Services, ChanceIsAtLeast0AndBelow1AndSpreads) {
+    QtRandom random;
+    random.seed();
+    int lower = 0;
+    for (int i = 0; i < 100'000; ++i) {
+        const float value = random.next();
+        ASSERT_GE(value, 0.0F);
+        ASSERT_LT(value, 1.0F);
+        lower += value < 0.5F;
+    }
+    EXPECT_NEAR(lower, 50'000, 1'500);
+}
+
+TEST(Services, TwoSeedingsGiveTwoSequences) {
+    QtRandom one, other;
+    one.seed();
+    ::usleep(2000);
+    other.seed();
+    int equal = 0;
+    for (int i = 0; i < 20; ++i) {
+        equal += one.next() == other.next();
+    }
+    EXPECT_LT(equal, 3);
+}
+
+struct Instance : testing::Test {
+    TemporaryFolder folder;
+    QByteArray before = qgetenv("XDG_RUNTIME_DIR");
+    Instance() {
+        folder.makeFolder(u"run");
+        ::chmod(folder.bytePath(u"run").c_str(), 0700);
+        qputenv("XDG_RUNTIME_DIR", QByteArray::fromStdString(folder.bytePath(u"run")));
+    }
+    ~Instance() override {
+        if (before.isNull()) {
+            qunsetenv("XDG_RUNTIME_DIR");
+        } else {
+            qputenv("XDG_RUNTIME_DIR", before);
+        }
+    }
+};
+
+TEST_F(Instance, ASecondOneIsToldAndTheFirstIsNot) {
+    QtApplication first, second;
+    EXPECT_FALSE(first.previousInstance());
+    EXPECT_FALSE(first.previousInstance());
+    EXPECT_TRUE(second.previousInstance());
+}
+
+TEST_F(Instance, TheLockGoesWithTheProcessHoweverItDies) {
+    int ready[2];
+    ASSERT_EQ(::pipe(ready), 0);
+    const pid_t child = ::fork();
+    if (child == 0) {
+        QtApplication application;
+        const char answer = application.previousInstance() ? 'p' : 'n';
+        [[maybe_unused]] const ssize_t written = ::write(ready[1], &answer, 1);
+        ::pause();
+        ::_exit(0);
+    }
+    char answer = 0;
+    ASSERT_EQ(::read(ready[0], &answer, 1), 1);
+    EXPECT_EQ(answer, 'n');
+    {
+        QtApplication second;
+        EXPECT_TRUE(second.previousInstance());
+    }
+    ::kill(child, SIGKILL);
+    ::waitpid(child, nullptr, 0);
+    QtApplication third;
+    EXPECT_FALSE(third.previousInstance());
+}
+
+TEST(Services, TheDataLieBesideTheProgramOrInTheSharedFolderOfAnInstalledTree) {
+    TemporaryFolder folder;
+    folder.makeFolder(u"a/Mask"); // in any case
+    folder.makeFolder(u"b/bin");
+    folder.makeFolder(u"b/share/games/grimoval");
+    folder.makeFolder(u"c/bin");
+    const auto dataOf = [&](const Texte &name) {
+        return QtApplication::dataFolderFor(folder.bytePath(name));
+    };
+    EXPECT_EQ(dataOf(u"a"), folder.bytePath(u"a"));
+    EXPECT_EQ(QString::fromStdString(dataOf(u"b/bin")),
+              QFileInfo(QString::fromStdString(folder.bytePath(u"b/share/games/grimoval")))
+                  .canonicalFilePath());
+    EXPECT_EQ(dataOf(u"c/bin"), folder.bytePath(u"c/bin"));
+    QtApplication application;
+    EXPECT_NE(application.path().back(), separator);
+}
+
+TEST(Services, TheUsersFolderIsTheSystemsOwn) {
+    const QByteArray before = qgetenv("XDG_DATA_HOME");
+    qputenv("XDG_DATA_HOME", "/tmp/donnees d'Élodie");
+    QtApplication application;
+    ASSERT_TRUE(application.userDataFolder().has_value());
+    EXPECT_EQ(toUtf8(*application.userDataFolder()), "/tmp/donnees d'Élodie");
+    if (before.isNull()) {
+        qunsetenv("XDG_DATA_HOME");
+    } else {
+        qputenv("XDG_DATA_HOME", before);
+    }
+}
+
+} // namespace
+} // namespace grimoval::test

@@ -1,0 +1,313 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""The real program on a screen of its own, driven from outside as a person drives it: the keyboard by
+xdotool, the controls by the accessibility bus. Nothing here knows the program's inside."""
+import ctypes
+import os
+import re
+import shutil
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+
+import gi
+
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi, GLib  # noqa: E402
+
+
+PRIVATE_FOLDERS = ("HOME", "XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_RUNTIME_DIR")
+
+
+class Failed(Exception):
+    """What was expected did not come in time."""
+
+
+def wait_for(question, what, seconds=15.0):
+    """Asks until the answer counts as true, and returns it."""
+    end = time.monotonic() + seconds
+    while True:
+        try:
+            answer = question()
+        except (GLib.GError, subprocess.CalledProcessError):  # it went while it was being asked
+            answer = None
+        if answer:
+            return answer
+        if time.monotonic() > end:
+            raise Failed(f"after {seconds:g} s there was still no: {what}")
+        time.sleep(0.03)
+
+
+class Screen:
+    """A virtual screen with a window manager, one size, gone at the end of the block."""
+
+    def __init__(self, size="1366x768"):
+        self.size = size
+        self.started = []
+        self.folder = tempfile.mkdtemp(prefix="grimoval-")
+        self.env = dict(os.environ)
+
+    def __enter__(self):
+        try:
+            self.open()
+        except BaseException:
+            self.__exit__()
+            raise
+        return self
+
+    def open(self):
+        # Nothing of the person's own is read or written.
+        for name in (*PRIVATE_FOLDERS, "TMPDIR"):
+            self.env[name] = os.path.join(self.folder, name.lower())
+            os.mkdir(self.env[name], 0o700)
+        for name in ("WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "QT_SCALE_FACTOR", "QT_STYLE_OVERRIDE",
+                     "XMODIFIERS", "QT_IM_MODULE", "LC_ALL"):
+            self.env.pop(name, None)
+        self.env.update(LANG="fr_FR.UTF-8", QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1",
+                        SDL_AUDIODRIVER="dummy")
+        read, write = os.pipe()
+        self.start(["Xvfb", "-displayfd", str(write), "-screen", "0", self.size + "x24",
+                    "-nolisten", "tcp", "-noreset"], pass_fds=[write])
+        os.close(write)
+        with os.fdopen(read) as answer:
+            number = answer.readline().strip()
+        if not number:
+            raise Failed("Xvfb did not start")
+        self.env["DISPLAY"] = ":" + number
+        os.environ["DISPLAY"] = self.env["DISPLAY"]
+        self.run("setxkbmap", "us")
+        self.start(["openbox"])
+        wait_for(lambda: "window id" in self.run("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"),
+                 "window manager")
+
+    def __exit__(self, *_):
+        for process in reversed(self.started):
+            stop(process)
+        shutil.rmtree(self.folder, ignore_errors=True)
+
+    def start(self, command, **more):
+        process = subprocess.Popen(command, env=self.env, stdin=subprocess.DEVNULL,
+                                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+                                   start_new_session=True, preexec_fn=die_with_parent, **more)
+        self.started.append(process)
+        return process
+
+    def run(self, *command):
+        return subprocess.run(command, env=self.env, stdin=subprocess.DEVNULL, capture_output=True,
+                              text=True, timeout=20, check=True).stdout
+
+    def keyboard(self, layout):
+        self.run("setxkbmap", layout)
+
+    def key(self, *keys):
+        """Keys by their X names, one after the other."""
+        self.run("xdotool", "key", "--delay", "15", *keys)
+
+    def type(self, text):
+        self.run("xdotool", "type", "--delay", "15", text)
+
+    def picture(self, file):
+        self.run("import", "-window", "root", file)
+
+
+def die_with_parent():
+    ctypes.CDLL(None).prctl(1, signal.SIGKILL)  # PR_SET_PDEATHSIG
+
+
+def stop(process):
+    if process.poll() is None:
+        process.terminate()
+        try:
+            process.wait(1)
+        except subprocess.TimeoutExpired:
+            process.kill()
+            process.wait()
+
+
+class Control:
+    """One thing on the accessibility bus."""
+
+    def __init__(self, node):
+        self.node = node
+
+    @property
+    def name(self):
+        return self.node.get_name()
+
+    @property
+    def description(self):
+        return self.node.get_description()
+
+    @property
+    def role(self):
+        return self.node.get_role_name()
+
+    def has(self, state):
+        return self.node.get_state_set().contains(state)
+
+    @property
+    def sensitive(self):
+        return self.has(Atspi.StateType.SENSITIVE) and self.has(Atspi.StateType.ENABLED)
+
+    @property
+    def showing(self):
+        return self.has(Atspi.StateType.SHOWING)
+
+    @property
+    def value(self):
+        return self.node.get_current_value()
+
+    @property
+    def maximum(self):
+        return self.node.get_maximum_value()
+
+    @property
+    def checked(self):
+        return self.has(Atspi.StateType.CHECKED)
+
+    @property
+    def text(self):
+        return Atspi.Text.get_text(self.node, 0, Atspi.Text.get_character_count(self.node))
+
+    def actions(self):
+        return [self.node.get_action_name(i) for i in range(self.node.get_n_actions())]
+
+    def press(self):
+        names = self.actions()
+        for wanted in ("Press", "Toggle"):
+            if wanted in names:
+                self.node.do_action(names.index(wanted))
+                return
+        raise Failed(f"{self} takes no press: {names}")
+
+    def select(self, index):
+        self.node.select_child(index)
+
+    def set_value(self, value):
+        self.node.set_current_value(value)
+
+    def children(self):
+        for index in range(self.node.get_child_count()):
+            node = self.node.get_child_at_index(index)
+            if node is not None:
+                yield Control(node)
+
+    def below(self):
+        for child in self.children():
+            yield child
+            yield from child.below()
+
+    def __repr__(self):
+        return f"{self.role} '{self.name}' ({self.description})"
+
+
+class Program:
+    """The program under test, in its own process."""
+
+    def __init__(self, screen, executable):
+        self.screen = screen
+        self.executable = executable
+        self.process = screen.start([executable])
+
+    def second(self):
+        """Another instance, at the same time."""
+        return self.screen.start([self.executable])
+
+    def windows(self):
+        desktop = Atspi.get_desktop(0)
+        for index in range(desktop.get_child_count()):
+            application = desktop.get_child_at_index(index)
+            if application is not None and application.get_process_id() == self.process.pid:
+                yield from (window for window in Control(application).children()
+                            if window.showing)
+
+    def active(self):
+        """The window that has the keyboard, if the program has it."""
+        return next((w for w in self.windows() if w.has(Atspi.StateType.ACTIVE)), None)
+
+    def focused(self):
+        window = self.active()
+        return next((c for c in window.below() if c.has(Atspi.StateType.FOCUSED)),
+                    None) if window else None
+
+    def find(self, role=None, name=None, description=None):
+        """What is on view in the active window and fits; a text or a pattern for each."""
+        def fits(wanted, text):
+            return wanted is None or (wanted.fullmatch(text or "") is not None
+                                      if isinstance(wanted, re.Pattern) else wanted == text)
+
+        window = self.active()
+        return [c for c in (window.below() if window else [])
+                if (role is None or c.role == role) and fits(name, c.name)
+                and fits(description, c.description) and c.showing]
+
+    def await_one(self, role=None, name=None, description=None, seconds=15.0):
+        return wait_for(lambda: (self.find(role, name, description) or [None])[0],
+                        f"{role or 'control'} {name or ''} {description or ''}; there is: "
+                        f"{self.shown_names}", seconds)
+
+    @property
+    def shown_names(self):
+        return [repr(w) for w in self.windows()]
+
+    def press(self, name):
+        """Presses a button once it takes clicks."""
+        def ready():
+            return next((b for b in self.find("push button", name) if b.sensitive), None)
+
+        wait_for(ready, f"button {name} to press").press()
+
+    def label(self, description):
+        """The text of a label, by what it is for."""
+        return self.await_one("label", description=description).name
+
+    def await_label(self, description, text, seconds=15.0):
+        wait_for(lambda: self.label(description) == text, f"{description} that says {text}",
+                 seconds)
+
+    def tab_to(self, name):
+        """Goes to a control by the Tab key."""
+        for _ in range(60):
+            before = self.focused()
+            if before and before.name == name:
+                return
+            self.screen.key("Tab")
+            time.sleep(0.02)
+        raise Failed(f"Tab does not reach {name}")
+
+    def on_button(self, name):
+        """Presses a button by the keyboard alone."""
+        wait_for(lambda: any(b.sensitive for b in self.find("push button", name)), name)
+        self.tab_to(name)
+        self.screen.key("space")
+
+    def await_end(self, seconds=10.0):
+        """The status of a process that ends by itself."""
+        try:
+            return self.process.wait(seconds)
+        except subprocess.TimeoutExpired:
+            raise Failed("the program did not end") from None
+
+
+def on_private_bus():
+    """Starts this script again on a session bus of its own, which ends with it, and with folders of
+    its own: the accessibility bus lies at a fixed name in them. What the bus says is not heard."""
+    streams = os.environ.get("GRIMOVAL_PRIVATE_BUS")
+    if streams:
+        for stream, kept in enumerate(map(int, streams.split()), 1):
+            os.dup2(kept, stream)
+            os.close(kept)
+        return
+    kept = [os.dup(1), os.dup(2)]
+    with tempfile.TemporaryDirectory(prefix="grimoval-bus-") as folder:
+        env = dict(os.environ, GRIMOVAL_PRIVATE_BUS=" ".join(map(str, kept)))
+        for name in PRIVATE_FOLDERS:
+            env[name] = folder
+        env.pop("DISPLAY", None)
+        bus = subprocess.Popen(["dbus-run-session", "--", sys.executable, *sys.argv], env=env,
+                               pass_fds=kept, stdout=subprocess.DEVNULL,
+                               stderr=subprocess.DEVNULL)
+        signal.signal(signal.SIGTERM, lambda *_: bus.terminate())
+        status = bus.wait()
+    sys.exit(status)
