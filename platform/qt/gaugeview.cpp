@@ -54,16 +54,15 @@ void GaugeView::paintEvent(QPaintEvent * /*event*/) {
     if (!text_.isEmpty()) {
         // A dark outline keeps the text readable on both halves of the bar.
         const QRectF place = bar.adjusted(radius, 1, -radius, -1);
-        const double pixels =
-            fittingPixels(text_, place.size(), bar.height() * 0.62, true, false);
+        const double pixels = fittingPixels(text_, place.size(), bar.height() * 0.62, true, false);
         const QFont font = fontOf(pixels, true);
         const QFontMetricsF metrics(font);
         QPainterPath letters;
         letters.addText(place.center().x() - metrics.horizontalAdvance(text_) / 2,
                         place.center().y() + (metrics.ascent() - metrics.descent()) / 2, font,
                         text_);
-        painter.strokePath(letters, QPen(shade::night, 4 * f, Qt::SolidLine, Qt::RoundCap,
-                                         Qt::RoundJoin));
+        painter.strokePath(letters,
+                           QPen(shade::night, 4 * f, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
         painter.fillPath(letters, ink_);
     }
 }

@@ -35,8 +35,7 @@ Key keyOf(const QKeyEvent &event) {
     const Qt::KeyboardModifiers held = event.modifiers();
     const QString text = event.text();
     Key key;
-    const bool plain =
-        !(held & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+    const bool plain = !(held & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
     if (plain && text.size() == 1 && text[0].isPrint()) {
         key = Key::typed(static_cast<char16_t>(text[0].unicode()));
     }

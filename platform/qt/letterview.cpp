@@ -33,8 +33,8 @@ void LetterView::draw(QPainter &painter) {
 
     if (state == u"libre") {
         const bool raised = isEnabled() && isUnderMouse();
-        drawTile(painter, tile, raised ? shade::parchmentLight : shade::parchment,
-                 shade::goldDark, f, isDown());
+        drawTile(painter, tile, raised ? shade::parchmentLight : shade::parchment, shade::goldDark,
+                 f, isDown());
         drawFitted(painter, place.translated(0, isDown() ? 3 * f : 0), letter, pixels, true, false,
                    Qt::AlignCenter, shade::ink);
     } else if (state == u"trouvee") {
@@ -47,9 +47,9 @@ void LetterView::draw(QPainter &painter) {
         painter.setBrush(Qt::white);
         painter.drawEllipse(corner, r, r);
         painter.setPen(QPen(QColor(0x14, 0x6b, 0x2a), r * 0.42, Qt::SolidLine, Qt::RoundCap));
-        painter.drawPolyline(QPolygonF({corner + QPointF(-r * 0.5, 0),
-                                        corner + QPointF(-r * 0.1, r * 0.42),
-                                        corner + QPointF(r * 0.52, -r * 0.4)}));
+        painter.drawPolyline(
+            QPolygonF({corner + QPointF(-r * 0.5, 0), corner + QPointF(-r * 0.1, r * 0.42),
+                       corner + QPointF(r * 0.52, -r * 0.4)}));
     } else if (state == u"fausse") {
         painter.setPen(QPen(QColor(0x5c, 0x27, 0x20), 1.2 * f));
         painter.setBrush(QColor(0x6b, 0x30, 0x28, 190));

@@ -70,8 +70,7 @@ void ListView::select(int row) {
     if (row < 0) {
         selectionModel()->clear();
     } else if (row != selected() || row != currentIndex().row()) {
-        selectionModel()->setCurrentIndex(model_.index(row),
-                                          QItemSelectionModel::ClearAndSelect);
+        selectionModel()->setCurrentIndex(model_.index(row), QItemSelectionModel::ClearAndSelect);
         scrollTo(model_.index(row));
     }
 }

@@ -51,11 +51,10 @@ protected:
         case MessageIcon::exclamation: {
             painter.setBrush(shade::gold);
             QPainterPath triangle;
-            triangle.addPolygon(QPolygonF({QPointF(disc.center().x(), disc.top()),
-                                           disc.bottomRight(), disc.bottomLeft()}));
+            triangle.addPolygon(QPolygonF(
+                {QPointF(disc.center().x(), disc.top()), disc.bottomRight(), disc.bottomLeft()}));
             triangle.closeSubpath();
-            painter.setPen(QPen(shade::ink, side / 22, Qt::SolidLine, Qt::RoundCap,
-                                Qt::RoundJoin));
+            painter.setPen(QPen(shade::ink, side / 22, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
             painter.drawPath(triangle);
             drawMark(painter, disc.translated(0, side * 0.09), shade::ink, false);
             break;
@@ -100,8 +99,8 @@ MessageBox::MessageBox(const Message &message, QWidget *over, double factor)
     text->setStyleSheet(QStringLiteral("color: #2b1b0e;"));
     const int room = std::min(px(460), screen()->availableGeometry().width() - px(160));
     text->setWordWrap(true);
-    const QRect needed = text->fontMetrics().boundingRect(QRect(0, 0, room, 100000),
-                                                          Qt::TextWordWrap, text->text());
+    const QRect needed =
+        text->fontMetrics().boundingRect(QRect(0, 0, room, 100000), Qt::TextWordWrap, text->text());
     text->setFixedWidth(std::min(room, std::max(px(180), needed.width() + px(8))));
 
     auto *ok = new FaceButton(this);

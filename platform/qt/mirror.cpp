@@ -21,8 +21,7 @@ void Mirror::refreshWidget() {
     if (const QString wanted = toQt(name()); change(view->accessibleName(), wanted)) {
         view->setAccessibleName(wanted);
     }
-    if (const QString wanted = toQt(description());
-        change(view->accessibleDescription(), wanted)) {
+    if (const QString wanted = toQt(description()); change(view->accessibleDescription(), wanted)) {
         view->setAccessibleDescription(wanted);
     }
 }

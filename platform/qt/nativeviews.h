@@ -19,7 +19,7 @@ namespace grimoval {
 // The style sheet of a window for the widgets of Qt in it.
 QString sheetFor(double factor);
 // What all windows have in common: pointer notes and the colours that Qt asks for.
-void dressApplication();
+void dressApplication(double factor);
 
 class GaugeView : public QProgressBar {
 public:

@@ -53,9 +53,8 @@ void drawFitted(QPainter &painter, const QRectF &place, const QString &text, dou
     }
     painter.setFont(fontOf(fittingPixels(text, place.size(), pixels, bold, wraps), bold));
     painter.setPen(colour);
-    painter.drawText(place,
-                     int(alignment) | int(Qt::TextDontClip) | (wraps ? int(Qt::TextWordWrap) : 0),
-                     text);
+    painter.drawText(
+        place, int(alignment) | int(Qt::TextDontClip) | (wraps ? int(Qt::TextWordWrap) : 0), text);
 }
 
 void drawNinePatch(QPainter &painter, const QRectF &area, const QImage &picture, double factor) {
@@ -169,8 +168,8 @@ QPixmap scaledPicture(const QImage &picture, QSizeF place, double deviceRatio) {
     if (picture.isNull() || pixels.isEmpty()) {
         return {};
     }
-    QPixmap pixmap = QPixmap::fromImage(
-        picture.scaled(pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+    QPixmap pixmap =
+        QPixmap::fromImage(picture.scaled(pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation));
     pixmap.setDevicePixelRatio(deviceRatio);
     return pixmap;
 }

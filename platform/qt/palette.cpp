@@ -56,8 +56,8 @@ QColor ink(Colour wanted, Surface surface) {
         float hue = 0, saturation = 0, lightness = 0;
         colour.getHslF(&hue, &saturation, &lightness);
         lightness += surface == Surface::night ? 0.03F : -0.03F;
-        colour = QColor::fromHslF(std::max(0.0F, hue), saturation,
-                                  std::clamp(lightness, 0.0F, 1.0F));
+        colour =
+            QColor::fromHslF(std::max(0.0F, hue), saturation, std::clamp(lightness, 0.0F, 1.0F));
     }
     return colour;
 }

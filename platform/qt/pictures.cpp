@@ -15,7 +15,7 @@ Pictures::Pictures(Files &files, const Texte &dataFolder)
 
 namespace {
 
-constexpr int largest = 8192;                // pixels a side
+constexpr int largest = 8192;               // pixels a side
 constexpr qint64 largestFile = 300'000'000; // bytes: a plain picture of that size
 
 QImage decode(const QString &name) {
@@ -49,8 +49,8 @@ const QImage &Pictures::read(const QString &file) {
         if (entries_.size() >= kept) {
             entries_.clear();
         }
-        found = entries_.insert(
-            file, {writtenAt, info.size(), info.isFile() ? decode(file) : QImage()});
+        found = entries_.insert(file,
+                                {writtenAt, info.size(), info.isFile() ? decode(file) : QImage()});
     }
     return found->image;
 }

@@ -42,8 +42,8 @@ struct QtPrinter::Asked {
     std::optional<double> answer; // nothing: no printer
 };
 
-// A monospaced face, for which the columns of the report come out aligned. Its size is in twips, the
-// unit of the page, so that its measures are too.
+// A monospaced face, for which the columns of the report come out aligned. Its size is in twips,
+// the unit of the page, so that its measures are too.
 QtPrinter::QtPrinter() {
     font_.setFamilies({"Liberation Mono", "DejaVu Sans Mono", "monospace"});
     font_.setStyleHint(QFont::Monospace);
@@ -120,15 +120,12 @@ void QtPrinter::drawText(double x, double y, const Texte &text) {
 }
 
 void QtPrinter::drawLine(double x1, double y1, double x2, double y2) {
-    page_.push_back([=](QPainter &painter) {
-        painter.drawLine(QPointF(x1, y1), QPointF(x2, y2));
-    });
+    page_.push_back([=](QPainter &painter) { painter.drawLine(QPointF(x1, y1), QPointF(x2, y2)); });
 }
 
 void QtPrinter::drawRectangle(double x1, double y1, double x2, double y2) {
-    page_.push_back([=](QPainter &painter) {
-        painter.drawRect(QRectF(QPointF(x1, y1), QPointF(x2, y2)));
-    });
+    page_.push_back(
+        [=](QPainter &painter) { painter.drawRect(QRectF(QPointF(x1, y1), QPointF(x2, y2))); });
 }
 
 void QtPrinter::endDocument() {

@@ -2,8 +2,8 @@
 // The default printer of the system, by way of Qt's print support. The page unit is the twip.
 //
 // A print server that is away must not keep a child waiting: everything that asks it runs on a
-// thread of its own, and an answer that does not come in time counts as no printer. Text is measured
-// without the printer, as the font alone decides; a page is kept in memory until its end.
+// thread of its own, and an answer that does not come in time counts as no printer. Text is
+// measured without the printer, as the font alone decides; a page is kept in memory until its end.
 #pragma once
 
 #include "platform/canvas.h"

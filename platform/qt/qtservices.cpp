@@ -9,6 +9,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QProcess>
 #include <QStandardPaths>
 #include <QUrl>
 
@@ -56,7 +57,26 @@ void QtDocuments::openDocument(const Texte &path) {
     }
 }
 
-void QtDocuments::showHelp(const Texte & /*path*/, const Texte & /*keyword*/) {}
+// In a process of its own, so that the game goes on; without a help file or its viewer nothing shows.
+void QtDocuments::showHelp(const Texte &path, const Texte &keyword) {
+    try {
+        const QString file = QString::fromStdString(files_.resolve(path));
+        if (!QFileInfo(file).isFile()) {
+            return;
+        }
+        const QFileInfo program(QCoreApplication::applicationFilePath());
+        QProcess viewer;
+        viewer.setProgram(QFileInfo(program.canonicalFilePath()).absolutePath() +
+                          QStringLiteral("/grimoval-aide"));
+        viewer.setArguments({file, toQt(keyword)});
+        viewer.setStandardInputFile(QProcess::nullDevice());
+        viewer.setStandardOutputFile(QProcess::nullDevice());
+        viewer.setStandardErrorFile(QProcess::nullDevice());
+        viewer.startDetached();
+    } catch (const Failure &) {
+        // Help that cannot be found is not shown.
+    }
+}
 
 QtApplication::~QtApplication() {
     if (lock_ >= 0) {

@@ -14,8 +14,8 @@
 namespace grimoval {
 
 QtWindows::QtWindows(Files &files, const Texte &dataFolder)
-    : guard_([this](const Message &report) { message(report); }), pictures_(files, dataFolder),
-      host_{guard_, pictures_, 1, {}, 0, {}} {
+    : guard_([this](const Message &report) { message(report); }),
+      pictures_(files, dataFolder), host_{guard_, pictures_, 1, {}, 0, {}} {
     host_.reaches = [this](const Form &form) {
         return boxes_.empty() && form.screen().reaches(form);
     };
@@ -26,11 +26,12 @@ QtWindows::QtWindows(Files &files, const Texte &dataFolder)
     QObject::connect(&waker_, &QTimer::timeout, &waker_, [this] {
         const Form *active = toWake_->active();
         FormWindow *window = active == nullptr ? nullptr : windowOf(*active);
-        if (window != nullptr && !active->backdrop && !window->isActiveWindow() && box() == nullptr) {
+        if (window != nullptr && !active->backdrop && !window->isActiveWindow() &&
+            box() == nullptr) {
             window->activateWindow();
         }
     });
-    dressApplication();
+    dressApplication(host_.factor);
     installAccessibility();
 }
 
@@ -63,9 +64,7 @@ QDialog *QtWindows::box() const { return boxes_.empty() ? nullptr : boxes_.back(
 
 int QtWindows::screenWidth() { return QGuiApplication::primaryScreen()->geometry().width() * 15; }
 
-int QtWindows::screenHeight() {
-    return QGuiApplication::primaryScreen()->geometry().height() * 15;
-}
+int QtWindows::screenHeight() { return QGuiApplication::primaryScreen()->geometry().height() * 15; }
 
 void QtWindows::loaded(Form &form) { windows_[&form] = new FormWindow(form, host_); }
 

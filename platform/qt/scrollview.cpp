@@ -66,8 +66,7 @@ void ScrollView::paintEvent(QPaintEvent * /*event*/) {
     drawTile(painter, knob, shade::gold, shade::goldDark, f);
 
     for (const bool left : {true, false}) {
-        const QRectF end =
-            place(left ? QStyle::SC_ScrollBarSubLine : QStyle::SC_ScrollBarAddLine);
+        const QRectF end = place(left ? QStyle::SC_ScrollBarSubLine : QStyle::SC_ScrollBarAddLine);
         const double size = std::min(end.width(), end.height());
         QRectF button(0, 0, size - 2, size - 2);
         button.moveCenter(end.center());

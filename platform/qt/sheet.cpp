@@ -41,7 +41,7 @@ QString sheetFor(double factor) {
         .arg(px(1), px(2), px(7), px(18), px(5));
 }
 
-void dressApplication() {
+void dressApplication(double factor) {
     QPalette palette;
     palette.setColor(QPalette::Window, shade::parchment);
     palette.setColor(QPalette::WindowText, shade::ink);
@@ -54,10 +54,11 @@ void dressApplication() {
     palette.setColor(QPalette::Highlight, shade::nightLight);
     palette.setColor(QPalette::HighlightedText, Qt::white);
     QApplication::setPalette(palette);
-    QApplication::setFont(fontOf(15));
-    qApp->setStyleSheet(QStringLiteral(
-        "QToolTip { background: #fff7e2; color: #2b1b0e; border: 2px solid #a8741a;"
-        " padding: 4px; font-size: 16px; }"));
+    QApplication::setFont(fontOf(15 * factor));
+    qApp->setStyleSheet(
+        QStringLiteral("QToolTip { background: #fff7e2; color: #2b1b0e; border: 2px solid #a8741a;"
+                       " padding: 4px; font-size: %1px; }")
+            .arg(std::lround(15 * factor)));
 }
 
 } // namespace grimoval

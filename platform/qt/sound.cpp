@@ -35,8 +35,8 @@ std::string findSoundfont() {
             return path;
         }
     }
-    for (const char *folder : {"/usr/share/sounds/sf2", "/usr/share/sounds/sf3",
-                               "/usr/share/soundfonts"}) {
+    for (const char *folder :
+         {"/usr/share/sounds/sf2", "/usr/share/sounds/sf3", "/usr/share/soundfonts"}) {
         for (const auto &entry : std::filesystem::directory_iterator(folder, error)) {
             const auto extension = entry.path().extension();
             if (extension == ".sf2" || extension == ".sf3") {

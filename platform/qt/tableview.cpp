@@ -25,8 +25,7 @@ public:
         const double f = table_.factor();
         const QColor colour = index.row() == 0 ? shade::goldLight : QColor(Qt::white);
         drawFitted(*painter, QRectF(option.rect).adjusted(4 * f, 1, -4 * f, -1),
-                   index.data().toString(), pixelsOf(11, f), true, false, Qt::AlignCenter,
-                   colour);
+                   index.data().toString(), pixelsOf(11, f), true, false, Qt::AlignCenter, colour);
         painter->restore();
     }
 
@@ -106,14 +105,14 @@ void TableView::arrange() {
     double left = 0;
     for (int column = 0; column < columnCount(); ++column) {
         const auto i = static_cast<std::size_t>(column);
-        const double width = (sum > 0 ? (i < widths_.size() ? widths_[i] : 0) / sum
-                                      : 1.0 / columnCount()) *
-                             viewport()->width();
+        const double width =
+            (sum > 0 ? (i < widths_.size() ? widths_[i] : 0) / sum : 1.0 / columnCount()) *
+            viewport()->width();
         setColumnWidth(column, share(left, width));
         left += width;
     }
-    const double height = std::min(viewport()->height() / std::max(1.0, double(rowCount())),
-                                   34 * factor_);
+    const double height =
+        std::min(viewport()->height() / std::max(1.0, double(rowCount())), 34 * factor_);
     for (int row = 0; row < rowCount(); ++row) {
         setRowHeight(row, share(row * height, height));
     }

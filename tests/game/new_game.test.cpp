@@ -16,10 +16,9 @@ struct NewGame : testing::Test {
                                  [this](Form &) { game.choice.Cmd[0].userClick(); });
     }
     void confirmChoice() {
-        game.windows.expectModal("FCHoix", [this](Form &) {
-            game.expectNames(u"Durand", u"Marie");
-            game.choice.Cmd[1].userClick();
-        });
+        game.windows.expectModal("FCHoix",
+                                 [this](Form &) { game.choice.Cmd[1].userClick(); });
+        game.expectNames(u"Durand", u"Marie");
     }
     void cancelTheme() {
         game.windows.expectModal("FLstTitre",

@@ -3,6 +3,7 @@
 #include "qt/bench.h"
 
 #include <QAccessible>
+#include <QDialog>
 
 namespace grimoval::test {
 namespace {
@@ -14,7 +15,9 @@ struct Bus : testing::Test {
     QAccessibleInterface *of(Control &control) {
         return QAccessible::queryAccessibleInterface(bench.mirror(control)->widget());
     }
-    std::string name(Control &control) { return of(control)->text(QAccessible::Name).toStdString(); }
+    std::string name(Control &control) {
+        return of(control)->text(QAccessible::Name).toStdString();
+    }
     std::string description(Control &control) {
         return of(control)->text(QAccessible::Description).toStdString();
     }
@@ -77,6 +80,48 @@ TEST_F(Bus, PressOnAGreyedButtonOrUnderAModalWindowDoesNothing) {
     });
     above.showModal();
     EXPECT_EQ(clicks, 0);
+}
+
+TEST_F(Bus, NothingUnderAModalWindowOrABoxIsSensitive) {
+    TestForm above(bench.screen, "Dessus");
+    PictureButton button(form, "Cmd");
+    button.place = {0, 0, 1500, 1500};
+    button.Click = [] {};
+    bench.show(form);
+    const auto isSensitive = [&] {
+        const QStringList actions = of(button)->actionInterface()->actionNames();
+        EXPECT_EQ(actions.contains(QAccessibleActionInterface::pressAction()),
+                  !of(button)->state().disabled);
+        return !of(button)->state().disabled;
+    };
+    EXPECT_TRUE(isSensitive());
+    Bench::later([&] {
+        EXPECT_FALSE(isSensitive());
+        above.unload();
+    });
+    above.showModal();
+    EXPECT_TRUE(isSensitive());
+    Bench::later([&] {
+        EXPECT_FALSE(isSensitive());
+        bench.windows.box()->accept();
+    });
+    bench.screen.message(u"Attention", MessageIcon::information);
+    EXPECT_TRUE(isSensitive());
+}
+
+TEST_F(Bus, AWindowIsAFrameOrADialogNamedByItsCaption) {
+    TestForm above(bench.screen, "Dessus");
+    form.Caption = u"Le titre";
+    bench.show(form);
+    const auto frame = QAccessible::queryAccessibleInterface(bench.window(form));
+    EXPECT_EQ(frame->role(), QAccessible::Window);
+    EXPECT_EQ(frame->text(QAccessible::Name).toStdString(), "Le titre");
+    Bench::later([&] {
+        EXPECT_EQ(QAccessible::queryAccessibleInterface(bench.window(above))->role(),
+                  QAccessible::Dialog);
+        above.unload();
+    });
+    above.showModal();
 }
 
 TEST_F(Bus, ALetterTellsItselfAndItsState) {

@@ -33,7 +33,9 @@ struct Bench {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 
-    Mirror *mirror(Control &control) { return windows.windowOf(control.form())->mirrorOf(&control); }
+    Mirror *mirror(Control &control) {
+        return windows.windowOf(control.form())->mirrorOf(&control);
+    }
     template <class View>
     View *view(Control &control) {
         Mirror *found = mirror(control);
@@ -56,9 +58,7 @@ struct Bench {
     }
 
     // Does something as soon as the next event loop runs.
-    static void later(const std::function<void()> &action) {
-        QTimer::singleShot(0, qApp, action);
-    }
+    static void later(const std::function<void()> &action) { QTimer::singleShot(0, qApp, action); }
 };
 
 // A window that records its events and asks what a test wants it to do.

@@ -129,7 +129,8 @@ TEST(Guard, AFailureInAClickShowsTheBoxOverTheWindow) {
         bench.windows.box()->accept();
     });
     QTest::mouseClick(bench.view<FaceButton>(button), Qt::LeftButton);
-    EXPECT_TRUE(shown.startsWith(QStringLiteral("L'ERREUR 6 est survenue."))) << shown.toStdString();
+    EXPECT_TRUE(shown.startsWith(QStringLiteral("L'ERREUR 6 est survenue.")))
+        << shown.toStdString();
     EXPECT_EQ(title.toStdString(), "Le Grimoval");
     EXPECT_EQ(bench.ends, std::vector<int>{1});
 }

@@ -61,9 +61,7 @@ TEST_F(Keys, TheFieldGetsTheCharacterThatTheHandlersMadeOfIt) {
     TextField field(form, "Saisie", 0);
     field.place = {0, 0, 4000, 450};
     field.maxLength = 4;
-    field.KeyPress = [](Int16 &key) {
-        key = ansiCode(upper(fromAnsiCode(key)));
-    };
+    field.KeyPress = [](Int16 &key) { key = ansiCode(upper(fromAnsiCode(key))); };
     bench.show(form);
     auto *view = bench.view<FieldView>(field);
     bench.press(form, Qt::Key_Eacute, QStringLiteral("é"));
@@ -177,9 +175,7 @@ TEST_F(Keys, AComposedCharacterGoesThroughTheHandlersIntoTheField) {
     TextField field(form, "Saisie", 0);
     field.place = {0, 0, 4000, 450};
     field.maxLength = 3;
-    field.KeyPress = [](Int16 &key) {
-        key = ansiCode(upper(fromAnsiCode(key)));
-    };
+    field.KeyPress = [](Int16 &key) { key = ansiCode(upper(fromAnsiCode(key))); };
     bench.show(form);
     auto *view = bench.view<FieldView>(field);
     commit(view, QStringLiteral("ê"));

@@ -10,8 +10,8 @@ namespace {
 
 TEST(Palette, EveryInkCanBeReadOnItsSurface) {
     for (const Surface surface : {Surface::night, Surface::parchment}) {
-        for (const unsigned rgb : {0x000000U, 0xFFFFFFU, 0xFF0000U, 0x00FF00U, 0x0000FFU,
-                                   0xFFFF00U, 0x00FFFFU, 0xFF00FFU, 0x808080U, 0xFFFFC0U}) {
+        for (const unsigned rgb : {0x000000U, 0xFFFFFFU, 0xFF0000U, 0x00FF00U, 0x0000FFU, 0xFFFF00U,
+                                   0x00FFFFU, 0xFF00FFU, 0x808080U, 0xFFFFC0U}) {
             EXPECT_GE(contrast(ink(Colour{rgb}, surface), hardest(surface)), 4.5)
                 << std::hex << rgb << " on " << static_cast<int>(surface);
         }

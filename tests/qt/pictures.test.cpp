@@ -40,9 +40,7 @@ std::string tga(int type, int width, int height, int depth, int layout, const st
     return bytes + pixels;
 }
 
-QImage decode(const std::string &bytes) {
-    return readTga(QByteArray::fromStdString(bytes), 8192);
-}
+QImage decode(const std::string &bytes) { return readTga(QByteArray::fromStdString(bytes), 8192); }
 
 TEST_F(PicturesTest, AMissingPictureIsFailure53AndAnUnreadableOne481) {
     EXPECT_EQ(failureOfCheck(u"RIEN.JPG"), failure::fileNotFound);
@@ -103,8 +101,8 @@ TEST(Tga, KeepsColoursAlphaAndEitherOrigin) {
 
 TEST(Tga, ReadsRunsAndPlainPacketsOfTwentyFourBits) {
     // Three times blue, then white and black one by one, over the end of a line.
-    const std::string packets = std::string("\x82\xff\x00\x00", 4) +
-                                std::string("\x01\xff\xff\xff\x00\x00\x00", 7);
+    const std::string packets =
+        std::string("\x82\xff\x00\x00", 4) + std::string("\x01\xff\xff\xff\x00\x00\x00", 7);
     const QImage image = decode(tga(10, 1, 5, 24, 0x20, packets));
     ASSERT_FALSE(image.isNull());
     EXPECT_EQ(image.pixelColor(0, 2), QColor(0, 0, 255));

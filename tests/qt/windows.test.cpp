@@ -220,10 +220,22 @@ TEST_F(Windows, WindowsThatGoFirstLeaveTheFormWhole) {
         int screenHeight() override { return 0; }
         void loaded(Form &f) override { to->loaded(f); }
         void shown(Form &f, Form *opener) override { to->shown(f, opener); }
-        void hidden(Form &f) override { if (to) to->hidden(f); }
-        void unloaded(Form &f) override { if (to) to->unloaded(f); }
-        void changed(Element &e, PropertyBase &p) override { if (to) to->changed(e, p); }
-        void focusMoved(Control &c) override { if (to) to->focusMoved(c); }
+        void hidden(Form &f) override {
+            if (to)
+                to->hidden(f);
+        }
+        void unloaded(Form &f) override {
+            if (to)
+                to->unloaded(f);
+        }
+        void changed(Element &e, PropertyBase &p) override {
+            if (to)
+                to->changed(e, p);
+        }
+        void focusMoved(Control &c) override {
+            if (to)
+                to->focusMoved(c);
+        }
         void runModal(Form &) override {}
         void processEvents() override {}
         void message(const Message &) override {}
@@ -269,6 +281,28 @@ TEST_F(Windows, AWindowHiddenAndShownByTheCodeIsPaintedByTheCoreAlone) {
     form.show();
     bench.settle();
     EXPECT_EQ(form.paints, 2);
+}
+
+TEST_F(Windows, AWindowHiddenAndShownAgainInOneGoHasTheKeyboard) {
+    TestForm form(bench.screen);
+    TextField field(form, "Saisie", 0);
+    field.place = {0, 0, 3000, 450};
+    bench.show(form);
+    form.hide();
+    form.show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(bench.window(form)));
+    EXPECT_TRUE(bench.mirror(field)->widget()->hasFocus());
+}
+
+TEST_F(Windows, TheOpenerHasTheKeyboardAgainWhenAModalWindowHasGone) {
+    TestForm below(bench.screen, "Dessous"), above(bench.screen, "Dessus");
+    bench.show(below);
+    Bench::later([&] {
+        EXPECT_TRUE(QTest::qWaitForWindowActive(bench.window(above)));
+        above.unload();
+    });
+    above.showModal();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(bench.window(below)));
 }
 
 TEST_F(Windows, AMessageReturnsWhenItIsAnsweredByEnterEscapeOrItsButton) {

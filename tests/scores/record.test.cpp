@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The record of a game in the log, byte for byte, and what shows the same numbers.
-#include "support/game.h"
+#include "support/scored.h"
 
 #include <gtest/gtest.h>
 
@@ -9,20 +9,8 @@ namespace {
 
 const Texte journal = u"donnees/Calvenor/Le Grimoval/SCORGRIM.TXT";
 
-// A game whose counters are known numbers, at its score window.
-struct Scored : Game {
-    explicit Scored(int mode, bool limited = true) {
-        prepare({.mode = mode, .limited = limited, .seconds = 45});
-        ScoresPartie &s = g.scores;
-        s.NbMotsProposes = 7;
-        s.NbMotsBase = 40;
-        s.MotsTrouves = {0, 4, 3};
-        s.MauvaisesLettres = {0, 12, 9};
-        s.BonnesLettres = {0, 31, 22};
-        s.Abandons = {0, 2, 1};
-        s.Score = {0, 51, 37};
-        s.TempsEcoule = 3725;
-    }
+struct Recorded : Scored {
+    using Scored::Scored;
     std::string leave() {
         score.load();
         score.show();
@@ -42,60 +30,60 @@ std::string head(const std::string &limits) {
 }
 
 TEST(Record, OfOnePlayerHasNoScoreAndEndsInABlankLine) {
-    EXPECT_EQ(Scored(1).leave(), head("Temps de réflexion limitée à 45 secondes\r\n"
-                                      "Nombre d'erreurs limité à  : 6\r\n") +
-                                     zone2 + "Niveau :  un seul joueur\r\n\r\n" + zone2 +
-                                     "1er joueur : DURAND MARIE\r\n"
-                                     "Nombre de mots proposés     : 7\r\n"
-                                     "Nombre d'abandons           : 2\r\n"
-                                     "Nombre de mots non trouvés  : 3\r\n"
-                                     "Nombre de mauvaises lettres : 12\r\n"
-                                     "Nombre de bonnes lettres    : 31\r\n"
-                                     "Nombre de mots trouvés      : 4\r\n\r\n");
+    EXPECT_EQ(Recorded(1).leave(), head("Temps de réflexion limitée à 45 secondes\r\n"
+                                        "Nombre d'erreurs limité à  : 6\r\n") +
+                                       zone2 + "Niveau :  un seul joueur\r\n\r\n" + zone2 +
+                                       "1er joueur : DURAND MARIE\r\n"
+                                       "Nombre de mots proposés     : 7\r\n"
+                                       "Nombre d'abandons           : 2\r\n"
+                                       "Nombre de mots non trouvés  : 3\r\n"
+                                       "Nombre de mauvaises lettres : 12\r\n"
+                                       "Nombre de bonnes lettres    : 31\r\n"
+                                       "Nombre de mots trouvés      : 4\r\n\r\n");
 }
 
 TEST(Record, OfTwoPlayersOnOneWordSharesTheWordsProposedAndKnowsNoErrorLimit) {
-    EXPECT_EQ(Scored(2).leave(), head("Temps de réflexion limitée à 45 secondes\r\n") + zone2 +
-                                     "Niveau :  2 joueurs cherchant le même mot\r\n\r\n"
-                                     "Nombre de mots proposés     : 7\r\n\r\n" +
-                                     zone2 +
-                                     "1er joueur : DURAND MARIE\r\n"
-                                     "Nombre de mauvaises lettres : 12\r\n"
-                                     "Nombre de bonnes lettres    : 31\r\n"
-                                     "Nombre de mots trouvés      : 4\r\n"
-                                     "SCORE.......................: 51\r\n\r\n" +
-                                     zone2 +
-                                     "2ème joueur : PETIT LÉO\r\n"
-                                     "Nombre de mauvaises lettres : 9\r\n"
-                                     "Nombre de bonnes lettres    : 22\r\n"
-                                     "Nombre de mots trouvés      : 3\r\n"
-                                     "SCORE.......................: 37\r\n");
+    EXPECT_EQ(Recorded(2).leave(), head("Temps de réflexion limitée à 45 secondes\r\n") + zone2 +
+                                       "Niveau :  2 joueurs cherchant le même mot\r\n\r\n"
+                                       "Nombre de mots proposés     : 7\r\n\r\n" +
+                                       zone2 +
+                                       "1er joueur : DURAND MARIE\r\n"
+                                       "Nombre de mauvaises lettres : 12\r\n"
+                                       "Nombre de bonnes lettres    : 31\r\n"
+                                       "Nombre de mots trouvés      : 4\r\n"
+                                       "SCORE.......................: 51\r\n\r\n" +
+                                       zone2 +
+                                       "2ème joueur : PETIT LÉO\r\n"
+                                       "Nombre de mauvaises lettres : 9\r\n"
+                                       "Nombre de bonnes lettres    : 22\r\n"
+                                       "Nombre de mots trouvés      : 3\r\n"
+                                       "SCORE.......................: 37\r\n");
 }
 
 TEST(Record, OfTwoPlayersEachWithAWordTellsAllOfBothAndEndsWithoutABlankLine) {
-    EXPECT_EQ(Scored(3, false).leave(), head("Temps de réflexion limitée : NON\r\n"
-                                             "Nombre d'erreurs limité à  : 6\r\n") +
-                                            zone2 + "Niveau :  2 joueurs chacun son mot\r\n\r\n" +
-                                            zone2 +
-                                            "1er joueur : DURAND MARIE\r\n"
-                                            "Nombre de mots proposés     : 7\r\n"
-                                            "Nombre d'abandons           : 2\r\n"
-                                            "Nombre de mauvaises lettres : 12\r\n"
-                                            "Nombre de bonnes lettres    : 31\r\n"
-                                            "Nombre de mots trouvés      : 4\r\n"
-                                            "SCORE.......................: 51\r\n\r\n" +
-                                            zone2 +
-                                            "2ème joueur : PETIT LÉO\r\n"
-                                            "Nombre de mots proposés     : 7\r\n"
-                                            "Nombre d'abandons           : 1\r\n"
-                                            "Nombre de mauvaises lettres : 9\r\n"
-                                            "Nombre de bonnes lettres    : 22\r\n"
-                                            "Nombre de mots trouvés      : 3\r\n"
-                                            "SCORE.......................: 37\r\n");
+    EXPECT_EQ(Recorded(3, false).leave(), head("Temps de réflexion limitée : NON\r\n"
+                                               "Nombre d'erreurs limité à  : 6\r\n") +
+                                              zone2 + "Niveau :  2 joueurs chacun son mot\r\n\r\n" +
+                                              zone2 +
+                                              "1er joueur : DURAND MARIE\r\n"
+                                              "Nombre de mots proposés     : 7\r\n"
+                                              "Nombre d'abandons           : 2\r\n"
+                                              "Nombre de mauvaises lettres : 12\r\n"
+                                              "Nombre de bonnes lettres    : 31\r\n"
+                                              "Nombre de mots trouvés      : 4\r\n"
+                                              "SCORE.......................: 51\r\n\r\n" +
+                                              zone2 +
+                                              "2ème joueur : PETIT LÉO\r\n"
+                                              "Nombre de mots proposés     : 7\r\n"
+                                              "Nombre d'abandons           : 1\r\n"
+                                              "Nombre de mauvaises lettres : 9\r\n"
+                                              "Nombre de bonnes lettres    : 22\r\n"
+                                              "Nombre de mots trouvés      : 3\r\n"
+                                              "SCORE.......................: 37\r\n");
 }
 
 TEST(Record, IsWindows1252AndABlankNameLeavesItsBlank) {
-    Scored game(2);
+    Recorded game(2);
     game.g.joueurs.NomJoueur[1] = u"  NOËL";
     game.g.joueurs.NomJoueur[2] = u"";
     game.leave();
@@ -105,13 +93,13 @@ TEST(Record, IsWindows1252AndABlankNameLeavesItsBlank) {
 }
 
 TEST(Record, ElapsedHoursWrapAtADay) {
-    Scored game(1);
+    Recorded game(1);
     game.g.scores.TempsEcoule = 25 * 3600 + 1;
     EXPECT_NE(game.leave().find("Temps écoulé : 01:00:01\r\n"), std::string::npos);
 }
 
 TEST(Record, ANumberOfWordsNotFoundBeyond16BitsIsToldAndTheRecordIsLost) {
-    Scored game(3);
+    Recorded game(3);
     game.score.show();
     game.g.scores.NbMotsProposes = 32767;
     game.g.scores.MotsTrouves[1] = -1;

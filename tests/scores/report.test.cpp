@@ -1,23 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The printed page, item by item: a page of 11000 units, characters of 120, lines of 240.
-#include "support/game.h"
+#include "support/scored.h"
 
 #include <gtest/gtest.h>
 
 namespace grimoval::test {
 namespace {
 
-struct Report : Game {
-    explicit Report(int mode, bool limited = true) {
-        prepare({.mode = mode, .limited = limited, .seconds = 45});
-        ScoresPartie &s = g.scores;
-        s.NbMotsProposes = 7;
-        s.NbMotsBase = 40;
-        s.MotsTrouves = {0, 4, 3};
-        s.MauvaisesLettres = {0, 12, 9};
-        s.BonnesLettres = {0, 31, 22};
-        s.Abandons = {0, 2, 1};
-        s.Score = {0, 51, 37};
+struct Report : Scored {
+    explicit Report(int mode, bool limited = true) : Scored(mode, limited) {
         printer.measures = {11000, 120, 240};
     }
     Events page() {

@@ -1,24 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The score window: its table, its labels, what it writes and clears.
-#include "support/game.h"
+#include "support/scored.h"
 
 #include <gtest/gtest.h>
 
 namespace grimoval::test {
 namespace {
 
-struct Window : Game {
-    explicit Window(int mode, bool limited = true) {
-        prepare({.mode = mode, .limited = limited, .seconds = 45});
-        ScoresPartie &s = g.scores;
-        s.NbMotsProposes = 7;
-        s.NbMotsBase = 40;
-        s.MotsTrouves = {0, 4, 3};
-        s.MauvaisesLettres = {0, 12, 9};
-        s.BonnesLettres = {0, 31, 22};
-        s.Abandons = {0, 2, 1};
-        s.Score = {0, 51, 37};
-    }
+struct Window : Scored {
+    using Scored::Scored;
     Rows table() {
         score.show();
         return score.LstScore.Rows;
