@@ -24,7 +24,8 @@ ETAGES = {
     "tests": {"tools", "platform/scripted", "platform/qt", "shell/MAINGRIM", "scores", "bases",
               "game", "shell", "platform"},
 }
-VOIENT_LA_BOITE_A_OUTILS = ("main.cpp", "platform/qt/", "tests/qt/")
+# The viewer of the help is a program of its own, on the toolkit.
+VOIENT_LA_BOITE_A_OUTILS = ("main.cpp", "platform/qt/", "tests/qt/", "tools/aide/")
 BOITE_A_OUTILS = re.compile(r"^(Q[A-Z]\w*(/.*)?|Qt\w*(/.*)?|q\w+\.h|SDL.*)$")
 INCLUSION = re.compile(r'^\s*#\s*include\s*(?:"([^"]+)"|<([^>]+)>)', re.M)
 
