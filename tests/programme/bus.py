@@ -82,6 +82,7 @@ class Bus(GameTest):
         program.await_one("push button", "Nouvelle partie")
 
         program.press("Configuration du son")
+        program.await_one("check box", "Musique")
         self.assertEqual({c.name for c in program.find("check box")}, {"Musique", "Parole"})
         program.press("Annuler")
         program.await_one("push button", "Nouvelle partie")

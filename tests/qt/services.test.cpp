@@ -117,10 +117,10 @@ TEST(Services, TheDataLieBesideTheProgramOrInTheSharedFolderOfAnInstalledTree) {
 
 TEST(Services, TheUsersFolderIsTheSystemsOwn) {
     const QByteArray before = qgetenv("XDG_DATA_HOME");
-    qputenv("XDG_DATA_HOME", "/tmp/donnees d'Élodie");
+    qputenv("XDG_DATA_HOME", "/ailleurs/données d'Élodie");
     QtApplication application;
     ASSERT_TRUE(application.userDataFolder().has_value());
-    EXPECT_EQ(toUtf8(*application.userDataFolder()), "/tmp/donnees d'Élodie");
+    EXPECT_EQ(toUtf8(*application.userDataFolder()), "/ailleurs/données d'Élodie");
     if (before.isNull()) {
         qunsetenv("XDG_DATA_HOME");
     } else {

@@ -68,11 +68,9 @@ TEST_F(Folders, WithoutAUsersPlaceAreTheApplicationsPathWithoutItsSeparatorAndNo
 
 TEST_F(Folders, TakeTheAnswerErrorByItsExactLetters) {
     world.folder.makeFolder(u"grimoval");
-    for (const char16_t *answer : {u"error"}) {
-        world.application.userData = answer;
-        TrouverDossierUtilisateur(g);
-        EXPECT_EQ(relative(g.dossiers.DossierUtilisateur), "grimoval");
-    }
+    world.application.userData = u"error";
+    TrouverDossierUtilisateur(g);
+    EXPECT_EQ(relative(g.dossiers.DossierUtilisateur), "grimoval");
     world.application.userData = world.folder.path(u"ERROR");
     world.folder.makeFolder(u"ERROR");
     TrouverDossierUtilisateur(g);

@@ -2,7 +2,7 @@
 // The settings of the sound, and the devices of the machine beside them.
 #include "shell/mdClvUtil.h"
 #include "support/failures.h"
-#include "support/startup.h"
+#include "support/world.h"
 
 #include <gtest/gtest.h>
 

@@ -1,0 +1,159 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What all windows have in common: their place, their opening, their pointer, their faces.
+#include "support/game.h"
+
+#include <gtest/gtest.h>
+
+namespace grimoval::test::dressing {
+
+struct Bare : Form {
+    Bare(Screen &screen, int width, int height) : Form(screen, "FEssai") {
+        Width = width;
+        Height = height;
+    }
+};
+
+struct PlaceRow {
+    const char16_t *position;
+    int screenWidth, screenHeight, width, height;
+    int left, top;
+};
+
+TEST(Placing, CentresByAnyTextButBWhichStands500AboveTheGround) {
+    const PlaceRow rows[] = {
+        {u"C", 15360, 11520, 6000, 4000, 4680, 3760},  {u"", 15360, 11520, 6000, 4000, 4680, 3760},
+        {u"c", 15360, 11520, 6000, 4000, 4680, 3760},  {u"BB", 15360, 11520, 6000, 4000, 4680, 3760},
+        {u"B", 15360, 11520, 6000, 4000, 4680, 7020},  {u"b", 15360, 11520, 6000, 4000, 4680, 7020},
+        {u"C", 9600, 7200, 12000, 8700, -1200, -750},  {u"B", 9600, 7200, 12000, 8700, -1200, -2000},
+        {u"C", 12000, 9000, 12000, 9000, 0, 0},
+    };
+    for (const PlaceRow &row : rows) {
+        World world;
+        world.windows.width = row.screenWidth;
+        world.windows.height = row.screenHeight;
+        Bare form(world.screen, row.width, row.height);
+        PlacerFenetre(form, row.position);
+        EXPECT_EQ(form.Left.get(), row.left) << toUtf8(row.position);
+        EXPECT_EQ(form.Top.get(), row.top) << toUtf8(row.position);
+        EXPECT_EQ(world.screen.MousePointer.get(), 11);
+    }
+}
+
+TEST(ModalOpening, SetsTheFlagUnloadsTheWindowAndClearsTheFlagWhateverTheWindowDoes) {
+    World world;
+    Globales g(world.services);
+    for (const bool itself : {false, true}) {
+        Bare form(world.screen, 10, 10);
+        world.windows.expectModal("FEssai", [&](Form &window) {
+            EXPECT_TRUE(g.FenetreModale);
+            g.FenetreModale = !itself;
+            window.hide(); // only hidden: the opener unloads it
+        });
+        AfficherModal(g, form);
+        EXPECT_FALSE(g.FenetreModale);
+        EXPECT_FALSE(form.isLoaded());
+    }
+}
+
+// Windows of the game with the pointer rules, and a button of each.
+struct Dressed {
+    Form &form;
+    PictureButton &button;
+};
+
+std::vector<Dressed> dressed(Game &game) {
+    return {{game.menu, game.menu.CmdBase},      {game.titles, game.titles.CmdTitre[0]},
+            {game.choice, game.choice.Cmd[0]},   {game.names, game.names.Cmd[1]},
+            {game.all.option, game.all.option.Cmd[1]},
+            {game.all.about, game.all.about.CmdABout[0]},
+            {game.score, game.score.CmdScore[0]}, {game.question, game.question.CmdMsg[2]}};
+}
+
+TEST(Pointer, IsAnUpArrowOverAButtonAndAnArrowOverTheBackground) {
+    Game game;
+    for (const Dressed &d : dressed(game)) {
+        EXPECT_EQ(d.form.MousePointer.get(), 0) << d.form.path();
+        d.button.userHover();
+        EXPECT_EQ(d.form.MousePointer.get(), 10) << d.form.path();
+        d.form.userHover();
+        EXPECT_EQ(d.form.MousePointer.get(), 0) << d.form.path();
+        d.form.MousePointer = 7;
+        d.form.userHover();
+        EXPECT_EQ(d.form.MousePointer.get(), 0) << d.form.path();
+    }
+}
+
+TEST(Pointer, OfTheScreenIsTheHourglassUntilTheWindowIsPainted) {
+    Game game;
+    game.install({{u"ESSAI", u"Essai", {u"MOT"}}});
+    for (const Dressed &d : dressed(game)) {
+        game.screen.MousePointer = 11;
+        d.form.expose();
+        EXPECT_EQ(game.screen.MousePointer.get(), 0) << d.form.path();
+    }
+    // Those that are placed by the program set the hourglass as they load.
+    for (Form *form : {static_cast<Form *>(&game.titles), static_cast<Form *>(&game.choice),
+                       static_cast<Form *>(&game.names), static_cast<Form *>(&game.all.option),
+                       static_cast<Form *>(&game.all.about), static_cast<Form *>(&game.score)}) {
+        game.screen.MousePointer = 0;
+        form->load();
+        EXPECT_EQ(game.screen.MousePointer.get(), 11) << form->path();
+        EXPECT_EQ(form->Left.get(), (15360 - form->Width) / 2) << form->path();
+        EXPECT_EQ(form->Top.get(), (11520 - form->Height) / 2) << form->path();
+        form->show();
+        EXPECT_EQ(game.screen.MousePointer.get(), 0) << form->path();
+        form->unload();
+    }
+}
+
+TEST(Faces, AreSetByTheWindowsThemselvesFromTheFolderOfImages) {
+    Game game;
+    game.install({{u"ESSAI", u"Essai", {u"MOT"}}});
+    const std::string images = toUtf8(game.g.dossiers.DossierImages);
+    const std::tuple<Form *, PictureButton *, const char *> rows[] = {
+        {&game.titles, &game.titles.CmdTitre[1], "_OK_ovale.tga"},
+        {&game.titles, &game.titles.CmdTitre[0], "_Annuler_ovale.tga"},
+        {&game.names, &game.names.Cmd[0], "_OK_ovale.tga"},
+        {&game.names, &game.names.Cmd[1], "_Annuler_ovale.tga"},
+        {&game.choice, &game.choice.Cmd[1], "_OK_ovale.tga"},
+        {&game.choice, &game.choice.Cmd[0], "_Annuler_ovale.tga"}};
+    for (const auto &[form, button, file] : rows) {
+        form->load();
+        EXPECT_EQ(shown(button->Face), images + file) << button->path();
+    }
+}
+
+TEST(Backdrop, IsAPlainDarkBlueMaximisedWithoutControlsUnderEveryWindow) {
+    Game game;
+    Fplein &backdrop = game.all.plein;
+    backdrop.show();
+    EXPECT_EQ(backdrop.BackColor.get(), (Colour{0x000040}));
+    EXPECT_EQ(backdrop.WindowState.get(), 2);
+    EXPECT_TRUE(backdrop.controls().empty());
+    EXPECT_TRUE(backdrop.backdrop);
+}
+
+TEST(SplashWindow, BearsTheNameOfTheGameAndIsCentredByThePlatform) {
+    Game game;
+    frmSplash &splash = game.all.splash;
+    splash.load();
+    EXPECT_EQ(shown(splash.M.Caption), "Le Grimoval");
+    EXPECT_NE(shown(splash.lblCopyright.Caption), "");
+    EXPECT_TRUE(splash.centred);
+    EXPECT_EQ(splash.Width, 6555);
+    EXPECT_EQ(splash.Height, 2565);
+}
+
+TEST(MainWindow, FitsTheDesignAreaWithEveryControlInside) {
+    Game game;
+    EXPECT_LE(game.menu.Width, 12000);
+    EXPECT_LE(game.menu.Height, 8700);
+    for (const Control *control : game.menu.controls()) {
+        EXPECT_GE(control->place.left, 0) << control->path();
+        EXPECT_GE(control->place.top, 0) << control->path();
+        EXPECT_LE(control->place.left + control->place.width, game.menu.Width) << control->path();
+        EXPECT_LE(control->place.top + control->place.height, game.menu.Height) << control->path();
+    }
+}
+
+} // namespace grimoval::test::dressing
