@@ -57,7 +57,8 @@ void QtDocuments::openDocument(const Texte &path) {
     }
 }
 
-// In a process of its own, so that the game goes on; without a help file or its viewer nothing shows.
+// In a process of its own, so that the game goes on; without a help file or its viewer nothing
+// shows.
 void QtDocuments::showHelp(const Texte &path, const Texte &keyword) {
     try {
         const QString file = QString::fromStdString(files_.resolve(path));

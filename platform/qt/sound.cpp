@@ -4,6 +4,7 @@
 #include <SDL.h>
 #include <SDL_mixer.h>
 
+#include <algorithm>
 #include <filesystem>
 
 namespace grimoval {
@@ -151,7 +152,11 @@ namespace {
 // The file on the disk; empty for what is missing, or too large to be one of ours.
 std::string playable(Files &files, const Texte &path) {
     try {
-        return files.length(path) <= largestSound ? files.resolve(path) : std::string();
+        const std::string file = files.resolve(path);
+        std::error_code error;
+        return std::filesystem::is_regular_file(file, error) && files.length(path) <= largestSound
+                   ? file
+                   : std::string();
     } catch (const Failure &) {
         return {};
     }
@@ -199,8 +204,15 @@ void MixerSound::finishWave(std::chrono::milliseconds patience) {
                (opening_ != Opening::underWay && opening_ != Opening::silent &&
                 Mix_Playing(waveChannel) != 0);
     };
+    bool sounded = false;
     while (std::chrono::steady_clock::now() < until && sounds()) {
+        sounded = true;
         std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    }
+    // The library has no more of it, but what it gave last is still on its way out of the device.
+    if (sounded) {
+        std::this_thread::sleep_until(
+            std::min(until, std::chrono::steady_clock::now() + std::chrono::milliseconds(100)));
     }
 }
 

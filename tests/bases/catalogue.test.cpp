@@ -195,8 +195,8 @@ RC_GTEST_PROP(CatalogueLaw, AgreesWithThePlainReadingOfTheRules, ()) {
         }
         const bool present = unclaimed.contains(file);
         unclaimed.erase(file);
-        const bool good = present && active && words > 0 &&
-                          words == sizes[static_cast<std::size_t>(file)];
+        const bool good =
+            present && active && words > 0 && words == sizes[static_cast<std::size_t>(file)];
         if (good) {
             titles.push_back(title);
         } else if (active || present) {

@@ -124,10 +124,11 @@ TEST_F(CatalogueExit, NoBaseFileAtAllOpensTheChooserEmpty) {
     game.write(u"MASK/A.TXT", "");
     const Outcome outcome = open();
     EXPECT_FALSE(outcome.stopped);
-    EXPECT_EQ(outcome.said,
-              Events{"message information \"Le Grimoval\" \"Aucun fichier de bases .DBS n'est trouvé "
-                     "dans le répertoire " +
-                     toUtf8(game.g.dossiers.DossierBases) + "\""});
+    EXPECT_EQ(
+        outcome.said,
+        Events{"message information \"Le Grimoval\" \"Aucun fichier de bases .DBS n'est trouvé "
+               "dans le répertoire " +
+               toUtf8(game.g.dossiers.DossierBases) + "\""});
     EXPECT_FALSE(outcome.open);
     EXPECT_EQ(outcome.entries, "");
     EXPECT_EQ(outcome.disk, (Disk{"A.TXT", "GRIMV.LST"}));
@@ -206,9 +207,9 @@ TEST_F(CatalogueExit, ABaseBeyond32767WordsIsToldAsAnOverflowAndCountsAsNone) {
     list(baseRecord(1, 2, u"B", u"Bon") + baseRecord(2, 0, u"A"));
     const Outcome outcome = open();
     EXPECT_FALSE(outcome.stopped);
-    EXPECT_EQ(outcome.said,
-              (Events{"bip", R"(message critique "ERREUR : 6" "L'ERREUR 6 est survenue.")",
-                      warning}));
+    EXPECT_EQ(
+        outcome.said,
+        (Events{"bip", R"(message critique "ERREUR : 6" "L'ERREUR 6 est survenue.")", warning}));
     EXPECT_EQ(outcome.entries, "Bon");
 }
 

@@ -128,9 +128,10 @@ TEST_F(Chooser, RefusesTheTwoMarksWithABoxAfterWhichTheFirstEntryIsSelected) {
             window.FichierChoisi = mark;
             game.windows.take();
             window.CmdTitre[1].userClick();
-            EXPECT_EQ(only(game.windows.take(), "message"),
-                      Events{R"(message exclamation "Le Grimoval" "Ce fichier est défectueux ou )"
-                             R"(introuvable.\n\nIl est nécessaire de recréer la liste des bases.")"});
+            EXPECT_EQ(
+                only(game.windows.take(), "message"),
+                Events{R"(message exclamation "Le Grimoval" "Ce fichier est défectueux ou )"
+                       R"(introuvable.\n\nIl est nécessaire de recréer la liste des bases.")"});
             EXPECT_TRUE(window.isShown());
             EXPECT_EQ(window.LstTitre.ListIndex.get(), 0);
             EXPECT_EQ(toUtf8(window.FichierChoisi), "EAU.DBS");

@@ -31,8 +31,10 @@ struct ModeRow {
 };
 
 TEST_F(Configuration, ShowsTheModeOfTheSettingsInRedAndItsControls) {
-    const ModeRow rows[] = {{1, 0, " par mot", true},  {2, 1, " par lettre", false},
-                            {3, 2, " par mot", true},  {0, 0, " par mot", true},
+    const ModeRow rows[] = {{1, 0, " par mot", true},
+                            {2, 1, " par lettre", false},
+                            {3, 2, " par mot", true},
+                            {0, 0, " par mot", true},
                             {-5, 0, " par mot", true}};
     for (const ModeRow &row : rows) {
         settings.NombreJoueur = row.setting;

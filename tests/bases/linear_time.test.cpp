@@ -8,8 +8,8 @@
 
 namespace grimoval::test::linear_time {
 
-// Ten times the size may take so many times the time, with room for a loaded machine: a reading that
-// were quadratic would take a hundred times.
+// Ten times the size may take so many times the time, with room for a loaded machine: a reading
+// that were quadratic would take a hundred times.
 constexpr double loose = 25;
 
 double processorSeconds() {
@@ -42,8 +42,8 @@ struct LinearTime : testing::Test {
     double load(int words, int runs) {
         writeBase(words);
         game.g.base.FichierBase = u"GRAND.DBS";
-        const double time = seconds(
-            runs, [this] { ChargerMots(game.g, game.menu, [](int) { FAIL(); }); });
+        const double time =
+            seconds(runs, [this] { ChargerMots(game.g, game.menu, [](int) { FAIL(); }); });
         EXPECT_EQ(game.menu.LstMot[0].ListCount(), words);
         EXPECT_EQ(toUtf8(game.menu.LstMot[0].item(words - 1)), "MOT" + std::to_string(words - 1));
         return time;

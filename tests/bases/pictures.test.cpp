@@ -81,10 +81,10 @@ TEST_F(ThemePicture, ByDefaultIsDrawnAmongAllButTheLastUnlessThereIsOne) {
         float draw;
         const char *file;
     } rows[] = {
-        {1, 0.0f, "IMG01.BMP"}, {1, 0.99f, "IMG01.BMP"},
-        {2, 0.0f, "IMG01.BMP"}, {2, std::nextafter(1.0f, 0.0f), "IMG01.BMP"},
-        {3, 0.0f, "IMG01.BMP"}, {3, 0.49f, "IMG01.BMP"},
-        {3, 0.5f, "IMG02.BMP"}, {3, std::nextafter(1.0f, 0.0f), "IMG02.BMP"},
+        {1, 0.0f, "IMG01.BMP"},  {1, 0.99f, "IMG01.BMP"},
+        {2, 0.0f, "IMG01.BMP"},  {2, std::nextafter(1.0f, 0.0f), "IMG01.BMP"},
+        {3, 0.0f, "IMG01.BMP"},  {3, 0.49f, "IMG01.BMP"},
+        {3, 0.5f, "IMG02.BMP"},  {3, std::nextafter(1.0f, 0.0f), "IMG02.BMP"},
         {5, 0.74f, "IMG03.BMP"}, {5, 0.76f, "IMG04.BMP"},
     };
     for (const auto &row : rows) {

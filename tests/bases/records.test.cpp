@@ -64,8 +64,8 @@ TEST(BaseRecord, IsReadAtTheSameOffsets) {
 }
 
 TEST(Records, OfAnotherLengthAreRefused) {
-    for (const std::size_t length : {std::size_t{0}, std::size_t{51}, std::size_t{53},
-                                     std::size_t{83}, std::size_t{85}}) {
+    for (const std::size_t length :
+         {std::size_t{0}, std::size_t{51}, std::size_t{53}, std::size_t{83}, std::size_t{85}}) {
         const std::string bytes(length, ' ');
         EXPECT_EQ(failureNumber([&] { TypeMot::lire(bytes); }), 51) << length;
         EXPECT_EQ(failureNumber([&] { TypeBase::lire(bytes); }), 51) << length;

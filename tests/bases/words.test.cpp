@@ -36,7 +36,8 @@ TEST_F(WordBase, KeepsInnerBlanksAndLosesThoseAtTheEnds) {
 
 TEST_F(WordBase, OfSomeRecordsAndAPieceCountsTheWholeOnes) {
     const std::string words = wordRecords({u"UN", u"DEUX", u"TROIS"});
-    for (const std::size_t tail : {std::size_t{0}, std::size_t{1}, std::size_t{42}, std::size_t{83}}) {
+    for (const std::size_t tail :
+         {std::size_t{0}, std::size_t{1}, std::size_t{42}, std::size_t{83}}) {
         write(words + std::string(tail, 'Q'));
         EXPECT_EQ(count(), 3) << tail;
         EXPECT_EQ(loaded(), R"("UN" "DEUX" "TROIS")") << tail;
@@ -113,9 +114,8 @@ TEST_F(WordBase, IsClosedAfterwards) {
 RC_GTEST_PROP(WordBaseLaw, AnyWordsComeBackTrimmedInTheirOrder, ()) {
     const auto letters = rc::gen::elementOf(Texte(u"ABCÉÈŒ  -'(1"));
     const auto words = *rc::gen::container<std::vector<Texte>>(rc::gen::map(
-        rc::gen::container<std::vector<char16_t>>(letters), [](const std::vector<char16_t> &w) {
-            return Texte(w.begin(), w.end()).substr(0, 30);
-        }));
+        rc::gen::container<std::vector<char16_t>>(letters),
+        [](const std::vector<char16_t> &w) { return Texte(w.begin(), w.end()).substr(0, 30); }));
     Game game;
     game.write(u"MASK/E.DBS", wordRecords(words));
     game.g.base.FichierBase = u"E.DBS";

@@ -130,9 +130,9 @@ TEST(Buttons, GreyedTakeNoClickWhichChangesNothing) {
     Game game;
     game.start({.words = {u"AB", u"CD"}});
     game.windows.take();
-    for (PictureButton *greyed : {&game.menu.CmdTjr[2], &game.menu.CmdTjr[0], &game.menu.CmdBase,
-                                  &game.menu.CmdCfg[0], &game.menu.CmdJeux[0],
-                                  &game.menu.CmdJeux[2]}) {
+    for (PictureButton *greyed :
+         {&game.menu.CmdTjr[2], &game.menu.CmdTjr[0], &game.menu.CmdBase, &game.menu.CmdCfg[0],
+          &game.menu.CmdJeux[0], &game.menu.CmdJeux[2]}) {
         EXPECT_FALSE(greyed->userClick()) << greyed->path();
     }
     EXPECT_EQ(game.windows.take(), Events{});

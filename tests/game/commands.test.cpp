@@ -141,11 +141,10 @@ TEST_F(Command, SettingsShowTheNewPlayersAfterOkAndNothingAfterCancel) {
 }
 
 TEST_F(Command, PointerIsAnUpArrowOverButtonsAndAnArrowOverTheBackground) {
-    for (Control *control : {static_cast<Control *>(&menu.CmdBase), static_cast<Control *>(&menu.CmdTjr[1]),
-                             static_cast<Control *>(&menu.CmdJeux[0]),
-                             static_cast<Control *>(&menu.CmdCfg[0]),
-                             static_cast<Control *>(&menu.lblAbout),
-                             static_cast<Control *>(&menu.Image1)}) {
+    for (Control *control :
+         {static_cast<Control *>(&menu.CmdBase), static_cast<Control *>(&menu.CmdTjr[1]),
+          static_cast<Control *>(&menu.CmdJeux[0]), static_cast<Control *>(&menu.CmdCfg[0]),
+          static_cast<Control *>(&menu.lblAbout), static_cast<Control *>(&menu.Image1)}) {
         menu.MousePointer = 0;
         control->userHover();
         EXPECT_EQ(menu.MousePointer.get(), 10) << control->path();

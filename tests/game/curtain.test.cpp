@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The curtain over the theme's picture, a gauge of the errors of the word.
-#include "support/game.h"
 #include "support/failures.h"
+#include "support/game.h"
 
 #include <gtest/gtest.h>
 
@@ -22,8 +22,8 @@ const std::pair<int, std::vector<int>> rows[] = {
     {9, {23, 45, 67, 89, 111, 133, 155, 177, 200}},
     {10, {21, 41, 61, 81, 101, 121, 141, 161, 181, 200}},
     {13, {16, 31, 46, 61, 76, 91, 106, 121, 136, 151, 166, 181, 200}},
-    {20, {11,  21,  31,  41,  51,  61,  71,  81,  91,  101,
-          111, 121, 131, 141, 151, 161, 171, 181, 191, 200}},
+    {20,
+     {11, 21, 31, 41, 51, 61, 71, 81, 91, 101, 111, 121, 131, 141, 151, 161, 171, 181, 191, 200}},
 };
 
 struct Curtain : testing::Test {

@@ -27,8 +27,8 @@ TEST_F(Draw, TakesTheEntryAtTheWholePartOfTheNumberTimesTheCount) {
         float number;
         const char *word;
         int index;
-    } rows[] = {{0.0f, "AA", 0},  {0.19f, "AA", 0}, {0.21f, "BB", 1},
-                {0.5f, "CC", 2},  {0.79f, "DD", 3}, {std::nextafter(1.0f, 0.0f), "EE", 4}};
+    } rows[] = {{0.0f, "AA", 0}, {0.19f, "AA", 0}, {0.21f, "BB", 1},
+                {0.5f, "CC", 2}, {0.79f, "DD", 3}, {std::nextafter(1.0f, 0.0f), "EE", 4}};
     for (const auto &row : rows) {
         Game other(false);
         other.random.numbers = {row.number};

@@ -162,7 +162,7 @@ TEST_F(EndOfWord, StoppedInMode2IsAbandonedWithoutAnyBooking) {
     ASSERT_TRUE(menu.CmdTjr[0].userClick());
     EXPECT_EQ(bad[1], 1); // that of the change of turn
     EXPECT_EQ(bad[2], 0);
-    EXPECT_EQ(proposed, 1); // it counts as proposed
+    EXPECT_EQ(proposed, 1);                                       // it counts as proposed
     EXPECT_EQ(shownValue(menu.LstMot[1].Items.get()), R"("CD")"); // its entry is gone
 }
 

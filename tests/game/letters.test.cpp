@@ -43,10 +43,11 @@ TEST_F(Letter, GoodSpeaksOfItselfOnlyOnTheScreenInThisOrder) {
     game.start({.words = {u"BANANE"}});
     game.windows.take();
     game.propose("A");
-    EXPECT_EQ(game.windows.take(),
-              (Events{R"(FMenu.AffMot(0).Caption = "#A####")", R"(FMenu.AffMot(0).Caption = "#A#A##")",
-                      R"(FMenu.VsAlpha(0).DisabledPicture = "A.trouvee")",
-                      "FMenu.VsAlpha(0).Enabled = Faux", R"(FMenu.ImgScore(0).Caption = "1")"}));
+    EXPECT_EQ(
+        game.windows.take(),
+        (Events{R"(FMenu.AffMot(0).Caption = "#A####")", R"(FMenu.AffMot(0).Caption = "#A#A##")",
+                R"(FMenu.VsAlpha(0).DisabledPicture = "A.trouvee")",
+                "FMenu.VsAlpha(0).Enabled = Faux", R"(FMenu.ImgScore(0).Caption = "1")"}));
 }
 
 TEST_F(Letter, WrongSpeaksBeforeItsButtonClosesAndTheCurtainFalls) {

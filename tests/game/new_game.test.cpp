@@ -12,12 +12,10 @@ struct NewGame : testing::Test {
 
     bool press() { return menu.CmdTjr[2].userClick(); }
     void cancelChoice() {
-        game.windows.expectModal("FCHoix",
-                                 [this](Form &) { game.choice.Cmd[0].userClick(); });
+        game.windows.expectModal("FCHoix", [this](Form &) { game.choice.Cmd[0].userClick(); });
     }
     void confirmChoice() {
-        game.windows.expectModal("FCHoix",
-                                 [this](Form &) { game.choice.Cmd[1].userClick(); });
+        game.windows.expectModal("FCHoix", [this](Form &) { game.choice.Cmd[1].userClick(); });
         game.expectNames(u"Durand", u"Marie");
     }
     void cancelTheme() {
@@ -99,13 +97,11 @@ TEST_F(NewGame, WithABaseAsksForNamesOnlyWhereTheModeNeedsThem) {
             other.g.joueurs.NomJoueur[i + 1] = Texte(row.names[i]);
         }
         if (row.asks) {
-            other.windows.expectModal(
-                "FCHoix", [&](Form &) { other.choice.Cmd[0].userClick(); });
+            other.windows.expectModal("FCHoix", [&](Form &) { other.choice.Cmd[0].userClick(); });
         }
         ASSERT_TRUE(other.menu.CmdTjr[2].userClick());
         EXPECT_EQ(other.g.scores.NbMotsProposes, row.asks ? 0 : 1) << row.mode;
-        EXPECT_EQ(only(other.windows.take(), "fenetre FCHoix affichee").size(),
-                  row.asks ? 1u : 0u);
+        EXPECT_EQ(only(other.windows.take(), "fenetre FCHoix affichee").size(), row.asks ? 1u : 0u);
     }
 }
 
@@ -118,7 +114,8 @@ TEST_F(NewGame, WithNamesAskedForAfterTheBaseGoesOnWhenTheyAreGiven) {
 }
 
 TEST_F(NewGame, RunsWithTheGaugesOldMaximumWhenTheTimeIsChangedOnTheWayIn) {
-    game.prepare({.words = {u"AB", u"CD"}, .limited = true, .seconds = 20, .names = {u"", u"", u"", u""}});
+    game.prepare(
+        {.words = {u"AB", u"CD"}, .limited = true, .seconds = 20, .names = {u"", u"", u"", u""}});
     game.windows.expectModal("FCHoix", [this](Form &) {
         game.choice.DefReflec[0].userScroll(60);
         game.expectNames(u"Durand", u"Marie");

@@ -11,8 +11,8 @@ struct Quit : testing::Test {
     FMenu &menu = game.menu;
 
     void answer(int button) {
-        game.windows.expectModal(
-            "Fmsg1", [=, this](Form &) { game.question.CmdMsg[button].userClick(); });
+        game.windows.expectModal("Fmsg1",
+                                 [=, this](Form &) { game.question.CmdMsg[button].userClick(); });
     }
 };
 

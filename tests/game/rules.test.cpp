@@ -18,8 +18,8 @@ struct Seen {
 
 std::ostream &operator<<(std::ostream &stream, const Seen &seen) {
     stream << "word [" << seen.word << "] " << seen.colour << ", count [" << seen.count
-           << "], progress [" << seen.progress << "], " << seen.labels << ", points "
-           << seen.points << ", left " << seen.left << ", prompts " << seen.prompts << ", numbers";
+           << "], progress [" << seen.progress << "], " << seen.labels << ", points " << seen.points
+           << ", left " << seen.left << ", prompts " << seen.prompts << ", numbers";
     for (const int number : seen.numbers) {
         stream << ' ' << number;
     }
@@ -63,11 +63,11 @@ Seen seen(Game &game) {
         }
         seen.numbers.push_back(menu.ErreursMot[p]);
     }
-    for (const int number : {static_cast<int>(s.NbMotsProposes), static_cast<int>(menu.JoueurCourant),
-                             menu.Shape1.Height.get(), menu.Shape1.Visible ? 1 : 0,
-                             menu.FluReflec.Valeur.get(), menu.FluReflec.EnMarche ? 1 : 0,
-                             menu.PartieEnCours ? 1 : 0, s.TempsEcoule,
-                             static_cast<int>(game.windows.messages.size())}) {
+    for (const int number :
+         {static_cast<int>(s.NbMotsProposes), static_cast<int>(menu.JoueurCourant),
+          menu.Shape1.Height.get(), menu.Shape1.Visible ? 1 : 0, menu.FluReflec.Valeur.get(),
+          menu.FluReflec.EnMarche ? 1 : 0, menu.PartieEnCours ? 1 : 0, s.TempsEcoule,
+          static_cast<int>(game.windows.messages.size())}) {
         seen.numbers.push_back(number);
     }
     return seen;
@@ -90,9 +90,9 @@ Seen expected(const Rules &rules) {
         }
         seen.numbers.push_back(rules.errors[p]);
     }
-    for (const int number : {rules.proposed, rules.player, rules.curtain, rules.curtainShown ? 1 : 0,
-                             rules.gauge, rules.gaugeRuns ? 1 : 0, rules.gameRuns ? 1 : 0,
-                             rules.elapsed, rules.messages}) {
+    for (const int number :
+         {rules.proposed, rules.player, rules.curtain, rules.curtainShown ? 1 : 0, rules.gauge,
+          rules.gaugeRuns ? 1 : 0, rules.gameRuns ? 1 : 0, rules.elapsed, rules.messages}) {
         seen.numbers.push_back(number);
     }
     return seen;
@@ -103,7 +103,9 @@ std::string buttons(FMenu &menu) {
     std::string text;
     const auto add = [&text](const char *name, PictureButton &button) {
         text += std::string(text.empty() ? "" : " ") + name +
-                (!button.Visible ? ":hidden" : button.Inactif ? ":greyed" : ":active");
+                (!button.Visible  ? ":hidden"
+                 : button.Inactif ? ":greyed"
+                                  : ":active");
     };
     add("begin", menu.CmdTjr[2]);
     add("stop", menu.CmdTjr[0]);
@@ -143,10 +145,10 @@ std::string letters(FMenu &menu) {
 std::string expectedLetters(const Rules &rules) {
     std::string text;
     for (char16_t letter = u'A'; letter <= u'Z'; ++letter) {
-        text += rules.state != State::word      ? 'r' // au repos
+        text += rules.state != State::word       ? 'r' // au repos
                 : !rules.closed.contains(letter) ? 'l' // libre
                 : rules.hits.contains(letter)    ? 't' // trouvée
-                                                 : 'f'; // fausse
+                                                 : 'f';   // fausse
     }
     return text;
 }

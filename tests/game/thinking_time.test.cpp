@@ -140,7 +140,11 @@ TEST_F(ThinkingTime, StopsWhenTheWordIsFoundLostOrGivenUpAndRaisesNoTimeOut) {
         {1, [](Game &g) { g.menu.CmdJeux[1].userClick(); }},
         {2, [](Game &g) { g.propose("AB"); }},
         {3, [](Game &g) { g.propose("ABCD"); }},
-        {3, [](Game &g) { g.propose("AB"); g.menu.CmdJeux[2].userClick(); }},
+        {3,
+         [](Game &g) {
+             g.propose("AB");
+             g.menu.CmdJeux[2].userClick();
+         }},
     };
     for (const auto &[mode, end] : rows) {
         Game other(false);

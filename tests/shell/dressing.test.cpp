@@ -21,10 +21,10 @@ struct PlaceRow {
 
 TEST(Placing, CentresByAnyTextButBWhichStands500AboveTheGround) {
     const PlaceRow rows[] = {
-        {u"C", 15360, 11520, 6000, 4000, 4680, 3760},  {u"", 15360, 11520, 6000, 4000, 4680, 3760},
-        {u"c", 15360, 11520, 6000, 4000, 4680, 3760},  {u"BB", 15360, 11520, 6000, 4000, 4680, 3760},
-        {u"B", 15360, 11520, 6000, 4000, 4680, 7020},  {u"b", 15360, 11520, 6000, 4000, 4680, 7020},
-        {u"C", 9600, 7200, 12000, 8700, -1200, -750},  {u"B", 9600, 7200, 12000, 8700, -1200, -2000},
+        {u"C", 15360, 11520, 6000, 4000, 4680, 3760}, {u"", 15360, 11520, 6000, 4000, 4680, 3760},
+        {u"c", 15360, 11520, 6000, 4000, 4680, 3760}, {u"BB", 15360, 11520, 6000, 4000, 4680, 3760},
+        {u"B", 15360, 11520, 6000, 4000, 4680, 7020}, {u"b", 15360, 11520, 6000, 4000, 4680, 7020},
+        {u"C", 9600, 7200, 12000, 8700, -1200, -750}, {u"B", 9600, 7200, 12000, 8700, -1200, -2000},
         {u"C", 12000, 9000, 12000, 9000, 0, 0},
     };
     for (const PlaceRow &row : rows) {
@@ -62,11 +62,14 @@ struct Dressed {
 };
 
 std::vector<Dressed> dressed(Game &game) {
-    return {{game.menu, game.menu.CmdBase},      {game.titles, game.titles.CmdTitre[0]},
-            {game.choice, game.choice.Cmd[0]},   {game.names, game.names.Cmd[1]},
+    return {{game.menu, game.menu.CmdBase},
+            {game.titles, game.titles.CmdTitre[0]},
+            {game.choice, game.choice.Cmd[0]},
+            {game.names, game.names.Cmd[1]},
             {game.all.option, game.all.option.Cmd[1]},
             {game.all.about, game.all.about.CmdABout[0]},
-            {game.score, game.score.CmdScore[0]}, {game.question, game.question.CmdMsg[2]}};
+            {game.score, game.score.CmdScore[0]},
+            {game.question, game.question.CmdMsg[2]}};
 }
 
 TEST(Pointer, IsAnUpArrowOverAButtonAndAnArrowOverTheBackground) {

@@ -24,13 +24,20 @@ struct Prompt : testing::Test {
 
 // The first file of a number; nullptr: it has none.
 const std::pair<int, const char *> numbers[] = {
-    {1, "CALVENO.Wav"},   {3, "Quitter.Wav"},   {4, "TPEUQIPO.Wav"},  {6, "TropTar.Wav"},
-    {7, "TropTar.Wav"},   {8, "Score.Wav"},     {9, "CesaiPrg.Wav"},  {10, "StoArexe.Wav"},
-    {12, "AlaProch.Wav"}, {13, " "},            {14, "AttCaCOm.Wav"}, {15, "CesPBon.Wav"},
-    {16, "CesBien.Wav"},  {17, "Cestbien.Wav"}, {18, "Cesmoy.Wav"},   {19, "FauFaEff.Wav"},
-    {20, "Aideexer.Wav"}, {21, "confexer.Wav"}, {24, "Aurevoir.Wav"}, {2, nullptr},
-    {5, nullptr},         {11, nullptr},        {22, nullptr},        {23, nullptr},
-    {0, nullptr},         {-1, nullptr},        {26, nullptr},        {32767, nullptr},
+    {1, "CALVENO.Wav"},   {3, "Quitter.Wav"},
+    {4, "TPEUQIPO.Wav"},  {6, "TropTar.Wav"},
+    {7, "TropTar.Wav"},   {8, "Score.Wav"},
+    {9, "CesaiPrg.Wav"},  {10, "StoArexe.Wav"},
+    {12, "AlaProch.Wav"}, {13, " "},
+    {14, "AttCaCOm.Wav"}, {15, "CesPBon.Wav"},
+    {16, "CesBien.Wav"},  {17, "Cestbien.Wav"},
+    {18, "Cesmoy.Wav"},   {19, "FauFaEff.Wav"},
+    {20, "Aideexer.Wav"}, {21, "confexer.Wav"},
+    {24, "Aurevoir.Wav"}, {2, nullptr},
+    {5, nullptr},         {11, nullptr},
+    {22, nullptr},        {23, nullptr},
+    {0, nullptr},         {-1, nullptr},
+    {26, nullptr},        {32767, nullptr},
 };
 
 TEST_F(Prompt, IsTheFileOfItsNumberInTheFolderOfSounds) {
@@ -63,7 +70,7 @@ TEST_F(Prompt, Number25PlaysTheLastFileAgainInSilenceAboutIt) {
 
 TEST_F(Prompt, ThatHasTwoFilesDrawsOneOfThem) {
     const std::tuple<int, float, const char *> rows[] = {
-        {6, 0.0f, "TropTar.Wav"},   {6, 0.499f, "TropTar.Wav"},  {6, 0.5f, "PaassRap.Wav"},
+        {6, 0.0f, "TropTar.Wav"},    {6, 0.499f, "TropTar.Wav"}, {6, 0.5f, "PaassRap.Wav"},
         {6, 0.999f, "PaassRap.Wav"}, {7, 0.25f, "TropTar.Wav"},  {7, 0.75f, "PaassRap.Wav"},
         {12, 0.25f, "AlaProch.Wav"}, {12, 0.75f, "Salut1.Wav"}};
     for (const auto &[number, draw, file] : rows) {

@@ -18,34 +18,51 @@ struct Row {
 };
 
 const std::vector<Row> modes = {
-    {"1", 1, nullptr},   {"2", 2, nullptr},    {"3", 3, nullptr},   {"0", 1, "1"},
-    {"4", 1, "1"},       {"-1", 1, "1"},       {"", 1, "1"},        {"deux", 1, "1"},
-    {"2.5", 2, nullptr}, {"1.5", 2, nullptr},  {"3.4", 1, "1"},     {"0.9", 1, "1"},
-    {"2,5", 2, nullptr}, {" 2 ", 2, nullptr},  {"+3", 3, nullptr},  {"2e0", 2, nullptr},
-    {"1 2", 1, "1"},     {"&H2", 1, "1"},      {"99999", 1, "1"},   {"2x", 1, "1"},
+    {"1", 1, nullptr},   {"2", 2, nullptr},   {"3", 3, nullptr},  {"0", 1, "1"},
+    {"4", 1, "1"},       {"-1", 1, "1"},      {"", 1, "1"},       {"deux", 1, "1"},
+    {"2.5", 2, nullptr}, {"1.5", 2, nullptr}, {"3.4", 1, "1"},    {"0.9", 1, "1"},
+    {"2,5", 2, nullptr}, {" 2 ", 2, nullptr}, {"+3", 3, nullptr}, {"2e0", 2, nullptr},
+    {"1 2", 1, "1"},     {"&H2", 1, "1"},     {"99999", 1, "1"},  {"2x", 1, "1"},
 };
 const std::vector<Row> limits = {
-    {"1", 1, nullptr},   {"0", 0, nullptr},      {"-7", -7, nullptr},        {"oui", 1, "1"},
-    {"", 1, "1"},        {"32767", 32767, nullptr}, {"-32768", -32768, nullptr}, {"0.4", 0, nullptr},
-    {"0.5", 0, nullptr}, {"1.5", 2, nullptr},    {"99999", overflow, nullptr}, {"-32769", overflow, nullptr},
-    {"32767.5", overflow, nullptr}, {"Vrai", 1, "1"},
+    {"1", 1, nullptr},
+    {"0", 0, nullptr},
+    {"-7", -7, nullptr},
+    {"oui", 1, "1"},
+    {"", 1, "1"},
+    {"32767", 32767, nullptr},
+    {"-32768", -32768, nullptr},
+    {"0.4", 0, nullptr},
+    {"0.5", 0, nullptr},
+    {"1.5", 2, nullptr},
+    {"99999", overflow, nullptr},
+    {"-32769", overflow, nullptr},
+    {"32767.5", overflow, nullptr},
+    {"Vrai", 1, "1"},
 };
 const std::vector<Row> times = {
-    {"20", 20, nullptr},     {"4", 20, "20"},      {"5", 5, nullptr},   {"3000", 3000, nullptr},
-    {"4.9", 20, "20"},       {"5.4", 5, nullptr},  {"-20", 20, "20"},   {"vingt", 20, "20"},
-    {"32767", 32767, nullptr}, {"40000", overflow, nullptr}, {"1e9", overflow, nullptr}, {"", 20, "20"},
+    {"20", 20, nullptr},        {"4", 20, "20"},
+    {"5", 5, nullptr},          {"3000", 3000, nullptr},
+    {"4.9", 20, "20"},          {"5.4", 5, nullptr},
+    {"-20", 20, "20"},          {"vingt", 20, "20"},
+    {"32767", 32767, nullptr},  {"40000", overflow, nullptr},
+    {"1e9", overflow, nullptr}, {"", 20, "20"},
 };
 const std::vector<Row> errorLimits = {
-    {"6", 6, nullptr},  {"21", 6, "6"},      {"20", 20, nullptr}, {"1", 1, nullptr},
-    {"0", 6, "6"},      {"20.4", 6, "6"},    {"0.9", 6, "6"},     {"19.5", 20, nullptr},
-    {"-1", 6, "6"},     {"beaucoup", 6, "6"}, {"", 6, "6"},
+    {"6", 6, nullptr}, {"21", 6, "6"},       {"20", 20, nullptr}, {"1", 1, nullptr},
+    {"0", 6, "6"},     {"20.4", 6, "6"},     {"0.9", 6, "6"},     {"19.5", 20, nullptr},
+    {"-1", 6, "6"},    {"beaucoup", 6, "6"}, {"", 6, "6"},
 };
 
 // The whole file, with one key of the game set.
 std::string content(const std::string &key, const std::string &value) {
     const std::pair<const char *, const char *> keys[] = {{"NombreJoueur", "1"},
-                                                          {"R\xE9" "flexionLimite", "1"},
-                                                          {"TempsR\xE9" "flexion", "20"},
+                                                          {"R\xE9"
+                                                           "flexionLimite",
+                                                           "1"},
+                                                          {"TempsR\xE9"
+                                                           "flexion",
+                                                           "20"},
                                                           {"NombreErreur", "6"}};
     std::string text = "[Le Grimoval]\r\n";
     for (const auto &[name, usual] : keys) {
@@ -65,8 +82,7 @@ void check(const std::string &key, const std::vector<Row> &rows,
         if (number == 0) {
             EXPECT_EQ(memory(game.g.reglages), row.memory) << key << "=" << row.value;
         }
-        EXPECT_EQ(game.folder.read(file),
-                  row.after == nullptr ? before : content(key, row.after))
+        EXPECT_EQ(game.folder.read(file), row.after == nullptr ? before : content(key, row.after))
             << key << "=" << row.value;
     }
 }
@@ -76,11 +92,15 @@ TEST(GameSettings, TakeAModeFrom1To3AndRepairAnyOther) {
 }
 
 TEST(GameSettings, TakeAnyNumberOf16BitsAsTheLimitAndRepairWhatIsNone) {
-    check("R\xE9" "flexionLimite", limits, [](const Reglages &r) { return int{r.RéflexionLimite}; });
+    check("R\xE9"
+          "flexionLimite",
+          limits, [](const Reglages &r) { return int{r.RéflexionLimite}; });
 }
 
 TEST(GameSettings, TakeATimeOf5SecondsOrMoreAndRepairAShorterOne) {
-    check("TempsR\xE9" "flexion", times, [](const Reglages &r) { return int{r.TempsRéflexion}; });
+    check("TempsR\xE9"
+          "flexion",
+          times, [](const Reglages &r) { return int{r.TempsRéflexion}; });
 }
 
 TEST(GameSettings, TakeFrom1To20ErrorsAndRepairAnyOtherCount) {

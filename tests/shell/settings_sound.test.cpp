@@ -50,18 +50,19 @@ struct Row {
 
 TEST_F(SoundSettings, SwitchIsOnForAnyNumberButZeroAndTheDeviceDecidesForAnyOtherText) {
     const Row rows[] = {
-        {"0", true, 0, nullptr},    {"1", true, 1, nullptr},    {"2", true, 1, nullptr},
-        {"-1", true, 1, nullptr},   {"0.4", true, 1, nullptr},  {"0.0", true, 0, nullptr},
+        {"0", true, 0, nullptr},     {"1", true, 1, nullptr},   {"2", true, 1, nullptr},
+        {"-1", true, 1, nullptr},    {"0.4", true, 1, nullptr}, {"0.0", true, 0, nullptr},
         {"99999", true, 1, nullptr}, {"1", false, 1, nullptr},  {"0", false, 0, nullptr},
-        {"non", true, 1, "1"},      {"non", false, 0, "0"},     {"", true, 1, "1"},
-        {"", false, 0, "0"},        {"Vrai", true, 1, "1"},
+        {"non", true, 1, "1"},       {"non", false, 0, "0"},    {"", true, 1, "1"},
+        {"", false, 0, "0"},         {"Vrai", true, 1, "1"},
     };
     for (const Row &row : rows) {
         devices(row.device, row.device);
         const std::string device = row.device ? "1" : "0";
         const auto content = [&](const std::string &value) {
-            return "[ConfigPC]\r\nConfDep=-1\r\nWavPr\xE9sent=" + device + "\r\nMidiPr\xE9sent=" +
-                   device + "\r\n[Le Grimoval]\r\nMusic=" + value + "\r\nParole=" + value + "\r\n";
+            return "[ConfigPC]\r\nConfDep=-1\r\nWavPr\xE9sent=" + device +
+                   "\r\nMidiPr\xE9sent=" + device + "\r\n[Le Grimoval]\r\nMusic=" + value +
+                   "\r\nParole=" + value + "\r\n";
         };
         write(content(row.value));
         LireConfigSon(g);

@@ -30,9 +30,9 @@ Events menuLoads(bool maximised, const std::string &place) {
 
 Events faces(const std::string &images) {
     const std::pair<const char *, const char *> rows[] = {
-        {"CmdTjr(2)", "_play"},     {"CmdTjr(0)", "_stop"},    {"CmdTjr(1)", "_aide"},
-        {"CmdTjr(3)", "_Quitter"},  {"CmdCfg(0)", "_outil"},   {"CmdCfg(1)", "_sound"},
-        {"CmdBase", "_choix"},      {"lblAbout", "_Apropos"},  {"CmdJeux(0)", "_AutreMot"},
+        {"CmdTjr(2)", "_play"},     {"CmdTjr(0)", "_stop"},       {"CmdTjr(1)", "_aide"},
+        {"CmdTjr(3)", "_Quitter"},  {"CmdCfg(0)", "_outil"},      {"CmdCfg(1)", "_sound"},
+        {"CmdBase", "_choix"},      {"lblAbout", "_Apropos"},     {"CmdJeux(0)", "_AutreMot"},
         {"CmdJeux(1)", "_Reponse"}, {"CmdJeux(2)", "_Abandonner"}};
     Events events;
     for (const auto &[button, file] : rows) {
@@ -101,8 +101,7 @@ TEST_P(StartUp, WithTheSoundOffIsTheSameInSilence) {
 // 12000 twips are 800 pixels; the test is strict.
 INSTANTIATE_TEST_SUITE_P(Screens, StartUp,
                          testing::Values(Row{15360, 12060, true, "1680"},
-                                         Row{12001, 8701, true, ""},
-                                         Row{12000, 8700, false, ""},
+                                         Row{12001, 8701, true, ""}, Row{12000, 8700, false, ""},
                                          Row{9600, 6300, false, "-1200"}),
                          [](const auto &param) { return std::to_string(param.param.width); });
 
@@ -222,16 +221,17 @@ TEST(StartUpState, OfTheFirstStartWritesNineKeysByteForByte) {
                                     "NombreJoueur=1\r\nR\xE9"
                                     "flexionLimite=1\r\nTempsR\xE9"
                                     "flexion=20\r\nNombreErreur=6\r\n");
-    EXPECT_EQ(start.folder.list(),
-              (std::vector<std::string>{"donnees/", "donnees/Calvenor/",
-                                        "donnees/Calvenor/Le Grimoval/",
-                                        "donnees/Calvenor/Le Grimoval/GRIMOVA.INI", "grimoval/",
-                                        "grimoval/MASK/", "grimoval/MASK/GRIMV.LST"}));
+    EXPECT_EQ(
+        start.folder.list(),
+        (std::vector<std::string>{"donnees/", "donnees/Calvenor/", "donnees/Calvenor/Le Grimoval/",
+                                  "donnees/Calvenor/Le Grimoval/GRIMOVA.INI", "grimoval/",
+                                  "grimoval/MASK/", "grimoval/MASK/GRIMV.LST"}));
 }
 
 TEST(StartUpState, OfASettingBeyond16BitsEndsInAnOverflow) {
     Startup start;
-    start.folder.write(Startup::settings, "[Le Grimoval]\r\nTempsR\xE9" "flexion=40000\r\n");
+    start.folder.write(Startup::settings, "[Le Grimoval]\r\nTempsR\xE9"
+                                          "flexion=40000\r\n");
     start.windows.expectModal("frmSplash", [](Form &form) { form.unload(); });
     EXPECT_EQ(failureNumber([&] { Main(start.g, start.all); }), failure::overflow);
 }

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Scripts in, every change of every control out: each *.script of this folder is played and its
-// events are compared with the *.transcript beside it, line by line. A change that is meant is taken
-// over by running the test once with ECRIRE_TRANSCRIPTS in the environment; the diff is the review.
+// events are compared with the *.transcript beside it, line by line. A change that is meant is
+// taken over by running the test once with ECRIRE_TRANSCRIPTS in the environment; the diff is the
+// review.
 #include "support/scripts.h"
 
 #include <algorithm>
@@ -61,7 +62,7 @@ TEST_P(Transcript, IsTheOneThatIsStored) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Stories, Transcript, testing::ValuesIn(scripts()),
-                         [](const auto &info) { return info.param; });
+                         [](const auto &param) { return param.param; });
 
 TEST(Transcripts, AreThere) { EXPECT_GE(scripts().size(), 5u); }
 

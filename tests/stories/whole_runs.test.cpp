@@ -11,8 +11,7 @@ struct WholeRun : testing::Test {
     std::vector<std::string> scores; // the tables of the score windows, row by row
 
     static void install(Startup &run) {
-        run.folder.write(u"grimoval/MASK/LETTRES.DBS",
-                         wordRecords({u"AB", u"CD", u"EF", u"GH"}));
+        run.folder.write(u"grimoval/MASK/LETTRES.DBS", wordRecords({u"AB", u"CD", u"EF", u"GH"}));
         run.folder.write(u"grimoval/MASK/GRIMV.LST", baseRecord(1, 4, u"LETTRES", u"Des lettres"));
         run.folder.write(u"grimoval/IMAGES/IMG01.BMP", "BM");
     }
@@ -33,9 +32,8 @@ struct WholeRun : testing::Test {
                 EXPECT_TRUE(run.all.nom.Cmd[0].userClick());
             });
         }
-        run.windows.expectModal("FLstTitre", [&run](Form &) {
-            EXPECT_TRUE(run.all.titres.CmdTitre[1].userClick());
-        });
+        run.windows.expectModal(
+            "FLstTitre", [&run](Form &) { EXPECT_TRUE(run.all.titres.CmdTitre[1].userClick()); });
     }
     void expectScore(Startup &run) {
         run.windows.expectModal("FScore2", [this, &run](Form &) {
@@ -59,15 +57,18 @@ TEST_F(WholeRun, PlaysAGameOfEachModeToTheUsedUpList) {
         const char *keys; // Enter for the next word
         std::vector<std::string> table;
     } rows[] = {
-        {1, "abxy\ncd\nqrstuv\ngh\n",
+        {1,
+         "abxy\ncd\nqrstuv\ngh\n",
          {R"("Nom et prénom :" "ABC ABC")", R"("Mots proposés :" "4")", R"("Abandon :" "0")",
           R"("Mots non trouvés :" "1")", R"("Mauvaises lettres :" "6")",
           R"("Bonnes lettres :" "6")", R"("Mots trouvés :" "3")", R"("Score :" "21")"}},
-        {2, "axb\ncd\nxyef\ngh\n",
+        {2,
+         "axb\ncd\nxyef\ngh\n",
          {R"("Nom et prénom :" "ABC ABC" "XYZ  XYZ")", R"("Mots proposés :" "4" "4")",
           R"("Mauvaises lettres :" "2" "1")", R"("Bonnes lettres :" "7" "1")",
           R"("Mots trouvés :" "3" "1")", R"("Score :" "22" "6")"}},
-        {3, "axbcd\nefyzgh\n",
+        {3,
+         "axbcd\nefyzgh\n",
          {R"("Nom et prénom :" "ABC ABC" "XYZ  XYZ")", R"("Mots proposés :" "2" "2")",
           R"("Abandon :" "0" "0")", R"("Mots non trouvés :" "0" "0")",
           R"("Mauvaises lettres :" "2" "2")", R"("Bonnes lettres :" "4" "4")",
@@ -154,8 +155,7 @@ TEST_F(WholeRun, LeavesByTheQuitQuestionWithTheScoreOfTheRunningGame) {
         expectWayIn(run, 1);
         ASSERT_TRUE(run.all.menu.CmdTjr[2].userClick());
         type(run, "a");
-        run.windows.expectModal("Fmsg1",
-                                [&](Form &form) { form.pressKey(Key{Key::enter}); });
+        run.windows.expectModal("Fmsg1", [&](Form &form) { form.pressKey(Key{Key::enter}); });
         expectScore(run);
         run.all.menu.requestClose();
         EXPECT_FALSE(run.all.menu.isLoaded());

@@ -49,7 +49,7 @@ struct Game : World {
     FScore2 &score = all.score;
     Fmsg1 &question = all.question;
 
-    void install(const std::vector<Base> &bases); // MASK as grimbases makes it
+    void install(const std::vector<Base> &bases);                  // MASK as grimbases makes it
     void write(const Texte &name, const std::string &bytes) const; // in the installed folder
     std::string bytes(const Texte &name) const;
     bool there(const Texte &name) const;

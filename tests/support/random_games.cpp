@@ -10,9 +10,9 @@ namespace grimoval::test {
 
 namespace {
 
-constexpr const char *kindNames[] = {"click", "key",     "enter", "newWord", "answer",
-                                     "giveUp", "stop",   "begin", "seconds", "paint",
-                                     "about", "sound",   "refusedQuit"};
+constexpr const char *kindNames[] = {"click",  "key",   "enter",      "newWord", "answer",
+                                     "giveUp", "stop",  "begin",      "seconds", "paint",
+                                     "about",  "sound", "refusedQuit"};
 
 // Few letters, so that words are found as well as lost.
 rc::Gen<char16_t> anyCharacter(const Texte &others) {
@@ -43,8 +43,8 @@ rc::Gen<Action> anyAction() {
         const auto character = k == Action::click
                                    ? rc::gen::elementOf(Texte(u"AESTAESTAESTAESTBCIRXZ"))
                                    : anyCharacter(u"-'0123456789");
-        const auto amount =
-            rc::gen::weightedOneOf<int>({{3, rc::gen::inRange(1, 4)}, {1, rc::gen::inRange(4, 12)}});
+        const auto amount = rc::gen::weightedOneOf<int>(
+            {{3, rc::gen::inRange(1, 4)}, {1, rc::gen::inRange(4, 12)}});
         return rc::gen::build<Action>(rc::gen::set(&Action::kind, rc::gen::just(k)),
                                       rc::gen::set(&Action::character, character),
                                       rc::gen::set(&Action::amount, amount));
@@ -92,15 +92,16 @@ std::ostream &operator<<(std::ostream &stream, const RandomGame &game) {
 
 rc::Gen<Texte> anyWord() {
     return rc::gen::scale(
-        0.12, rc::gen::map(rc::gen::container<std::vector<char16_t>>(anyCharacter(u"- '0123456789")),
-                           [](const std::vector<char16_t> &word) {
-                               return trim(Texte(word.begin(), word.end()).substr(0, 30));
-                           }));
+        0.12,
+        rc::gen::map(rc::gen::container<std::vector<char16_t>>(anyCharacter(u"- '0123456789")),
+                     [](const std::vector<char16_t> &word) {
+                         return trim(Texte(word.begin(), word.end()).substr(0, 30));
+                     }));
 }
 
 rc::Gen<RandomGame> anyGame() {
-    return games(rc::gen::scale(0.1, rc::gen::container<std::vector<Texte>>(
-                                         rc::gen::scale(10.0, anyWord()))));
+    return games(rc::gen::scale(
+        0.1, rc::gen::container<std::vector<Texte>>(rc::gen::scale(10.0, anyWord()))));
 }
 
 rc::Gen<RandomGame> anyGameOfDistinctWords() {
@@ -120,12 +121,12 @@ bool perform(Game &game, const Action &action) {
     const auto usedUp = [&](List &list) {
         return list.ListCount() < (game.g.reglages.NombreJoueur == 3 ? 2 : 1);
     };
-    const bool ends =
-        action.kind == Action::stop    ? menu.CmdTjr[0].isOpen()
-        : action.kind == Action::begin ? menu.CmdTjr[2].isOpen() && usedUp(menu.LstMot[0])
-        : action.kind == Action::newWord || action.kind == Action::enter
-            ? menu.CmdJeux[0].isOpen() && usedUp(menu.LstMot[1])
-            : false;
+    const bool ends = action.kind == Action::stop ? menu.CmdTjr[0].isOpen()
+                      : action.kind == Action::begin
+                          ? menu.CmdTjr[2].isOpen() && usedUp(menu.LstMot[0])
+                      : action.kind == Action::newWord || action.kind == Action::enter
+                          ? menu.CmdJeux[0].isOpen() && usedUp(menu.LstMot[1])
+                          : false;
     if (ends) {
         game.expectScore();
     }
@@ -161,8 +162,7 @@ bool perform(Game &game, const Action &action) {
         closing("FOption");
         return menu.CmdCfg[1].userClick();
     default:
-        game.windows.expectModal(
-            "Fmsg1", [&game](Form &) { game.question.CmdMsg[2].userClick(); });
+        game.windows.expectModal("Fmsg1", [&game](Form &) { game.question.CmdMsg[2].userClick(); });
         return menu.CmdTjr[3].userClick();
     }
 }

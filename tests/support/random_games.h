@@ -40,8 +40,8 @@ struct RandomGame {
 
 std::ostream &operator<<(std::ostream &stream, const RandomGame &game);
 
-rc::Gen<Texte> anyWord();        // letters, accents, small ones, hyphens, parentheses, digits
-rc::Gen<RandomGame> anyGame();   // in every mode, with and without a time
+rc::Gen<Texte> anyWord();      // letters, accents, small ones, hyphens, parentheses, digits
+rc::Gen<RandomGame> anyGame(); // in every mode, with and without a time
 rc::Gen<RandomGame> anyGameOfDistinctWords();
 
 // False if the door was closed: a greyed, hidden or disabled control. Keys, seconds and paints are

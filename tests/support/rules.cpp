@@ -46,7 +46,8 @@ float Rules::draw() {
 }
 
 Texte Rules::take() {
-    const auto place = static_cast<std::ptrdiff_t>(std::floor(static_cast<float>(left.size()) * draw()));
+    const auto place =
+        static_cast<std::ptrdiff_t>(std::floor(static_cast<float>(left.size()) * draw()));
     const Texte taken = left[static_cast<std::size_t>(place)];
     left.erase(left.begin() + place);
     return taken;

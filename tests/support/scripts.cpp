@@ -22,12 +22,11 @@ std::string replaced(std::string text, const std::string &from, const std::strin
 
 ScriptedRun::ScriptedRun() {
     folder.makeFolder(u"donnees");
-    folder.makeFolder(u"vide");
+    folder.makeFolder(u"vide/MASK");
     folder.write(u"appli/MASK/ANIMAUX.DBS", wordRecords({u"CHAT", u"LION", u"OURS", u"PUMA"}));
     folder.write(u"appli/MASK/ETE.DBS", wordRecords({u"MER", u"SABLE"}));
-    folder.write(u"appli/MASK/GRIMV.LST",
-                 baseRecord(1, 2, u"ETE", u"Été (la plage)") +
-                     baseRecord(2, 4, u"ANIMAUX", u"Animaux", u"ANIMAUX"));
+    folder.write(u"appli/MASK/GRIMV.LST", baseRecord(1, 2, u"ETE", u"Été (la plage)") +
+                                              baseRecord(2, 4, u"ANIMAUX", u"Animaux", u"ANIMAUX"));
     folder.write(u"appli/IMAGES/ANIMAUX.JPG", "\xFF\xD8");
     folder.write(u"appli/IMAGES/IMG01.BMP", "BM");
     folder.write(u"appli/IMAGES/IMG02.BMP", "BM");

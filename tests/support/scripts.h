@@ -10,11 +10,11 @@ class ScriptedRun {
 public:
     // {APPLI} is an installation of two themes, "Animaux" (CHAT, LION, OURS, PUMA) and "Été (la
     // plage)" (MER, SABLE), with a picture for the first and default pictures; {DONNEES} the user's
-    // data, empty; {VIDE} an empty folder.
+    // data, empty; {VIDE} an installation without any file.
     ScriptedRun();
 
-    // Runs commands and answers the events, line by line, with the placeholders in the places of the
-    // real paths.
+    // Runs commands and answers the events, line by line, with the placeholders in the places of
+    // the real paths.
     std::vector<std::string> run(const std::string &commands);
 
     const TemporaryFolder folder;

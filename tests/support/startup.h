@@ -10,8 +10,8 @@
 namespace grimoval::test {
 
 struct Startup : World {
-    // MASK holds a catalogue of one byte, which the start-up only measures; the folder of the user's
-    // data is there and empty.
+    // MASK holds a catalogue of one byte, which the start-up only measures; the folder of the
+    // user's data is there and empty.
     Startup();
 
     Globales g{services};

@@ -110,9 +110,7 @@ TEST(Advance, MovesTheClockThenFiresTimersThenTicksGauges) {
     std::vector<std::string> order;
     window.load();
     window.timer.Interval = 500;
-    window.timer.Tick = [&] {
-        order.push_back("tic " + std::to_string(world.clock.now().second));
-    };
+    window.timer.Tick = [&] { order.push_back("tic " + std::to_string(world.clock.now().second)); };
     window.gauge.Progression = [&] {
         order.push_back("jauge " + std::to_string(window.gauge.Valeur));
     };

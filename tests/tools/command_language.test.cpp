@@ -53,8 +53,7 @@ struct Commands : testing::Test {
     // The lines that begin with a text.
     Lines only(const std::string &commands, const std::string &beginning) {
         Lines lines = run(commands);
-        std::erase_if(lines,
-                      [&](const std::string &line) { return !line.starts_with(beginning); });
+        std::erase_if(lines, [&](const std::string &line) { return !line.starts_with(beginning); });
         return lines;
     }
     static constexpr const char *started = "demarrer {APPLI} {DONNEES}\nclic frmSplash.M\n";
@@ -129,8 +128,7 @@ const std::string game = "clic FMenu.CmdTjr(2)\nclic FCHoix.Cmd(1)\nsaisir Fnom.
 TEST_F(Commands, WaitTakesPartsOfASecond) {
     const std::string gauge = "FMenu.FluReflec.Valeur";
     EXPECT_EQ(only(started + game + "attendre 0.9\n", gauge), Lines{});
-    EXPECT_EQ(only(started + game + "attendre 0.5\nattendre 0,5\n", gauge),
-              Lines{gauge + " = 1"});
+    EXPECT_EQ(only(started + game + "attendre 0.5\nattendre 0,5\n", gauge), Lines{gauge + " = 1"});
     EXPECT_EQ(only(started + game + "attendre 2.5\nattendre .4\n", gauge),
               (Lines{gauge + " = 1", gauge + " = 2"}));
     EXPECT_EQ(only(started + game + "attendre 2.5\nattendre 0.5\n", gauge).size(), 3u);
@@ -150,8 +148,7 @@ TEST_F(Commands, ClockMovesByWaitingAlone) {
 TEST_F(Commands, RandomNumbersAreTakenInOrderAndThenZero) {
     EXPECT_EQ(only("hasard 0.75\nhasard 0.5\n" + (started + game) + "etat\n", "MotCherche(1)"),
               Lines{R"(MotCherche(1) = "PUMA")"});
-    EXPECT_EQ(only(started + game + "etat\n", "MotCherche(1)"),
-              Lines{R"(MotCherche(1) = "CHAT")"});
+    EXPECT_EQ(only(started + game + "etat\n", "MotCherche(1)"), Lines{R"(MotCherche(1) = "CHAT")"});
 }
 
 TEST_F(Commands, TypingGoesIntoTheFieldEmptiesItAndTypesAsAPersonDoes) {
@@ -177,8 +174,9 @@ TEST_F(Commands, KeysBearNamesOrAreOneCharacter) {
     EXPECT_EQ(only(std::string(started) + "touche Espace\n", "fenetre FCHoix"),
               Lines{"fenetre FCHoix affichee"});
     const std::string names = std::string(started) + "clic FMenu.CmdTjr(2)\nclic FCHoix.Cmd(1)\n";
-    EXPECT_EQ(only(names + "touche x\ntouche Retour\ntouche y\netat\n", "Fnom.Saisie(0).Text").back(),
-              R"(Fnom.Saisie(0).Text = "Y")");
+    EXPECT_EQ(
+        only(names + "touche x\ntouche Retour\ntouche y\netat\n", "Fnom.Saisie(0).Text").back(),
+        R"(Fnom.Saisie(0).Text = "Y")");
     EXPECT_EQ(only(names + "touche x\ntouche Tab\ntouche y\netat\n", "Fnom.Saisie(1).Text").back(),
               R"(Fnom.Saisie(1).Text = "Y")");
 }

@@ -20,7 +20,8 @@ void check(const std::string &before, const std::vector<Row> &rows) {
         ScriptedRun scripted;
         Lines lines = scripted.run(before + "# ici\n" + row.command + "\n");
         std::erase_if(lines, [](const std::string &line) { return !line.starts_with("refus"); });
-        EXPECT_EQ(lines, row.reason == nullptr ? Lines{} : Lines{"refus " + std::string(row.reason)})
+        EXPECT_EQ(lines,
+                  row.reason == nullptr ? Lines{} : Lines{"refus " + std::string(row.reason)})
             << row.command;
     }
 }
@@ -158,11 +159,10 @@ TEST(Refused, DoubleClickOnADisabledListIs) {
 TEST(Refused, ChangesNothing) {
     ScriptedRun scripted, other;
     const auto state = [](const Lines &lines) {
-        return Lines(std::find_if(lines.begin(), lines.end(),
-                                  [](const std::string &line) {
-                                      return line.starts_with("TitreAppli");
-                                  }),
-                     lines.end());
+        return Lines(
+            std::find_if(lines.begin(), lines.end(),
+                         [](const std::string &line) { return line.starts_with("TitreAppli"); }),
+            lines.end());
     };
     const Lines plain = state(scripted.run(playing + "etat\n"));
     const Lines refused = state(other.run(playing + "clic FMenu.CmdTjr(2)\ntouche F1\n"

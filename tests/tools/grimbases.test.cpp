@@ -38,23 +38,22 @@ struct WordBases : testing::Test {
         }
         return made;
     }
-    std::vector<std::string> check() {
-        return told(outils::verifierBases(files, mask()));
-    }
+    std::vector<std::string> check() { return told(outils::verifierBases(files, mask())); }
 };
 
 using Told = std::vector<std::string>;
 
 TEST_F(WordBases, ReadATitleAPictureAndAWordALineWithoutCommentsAndBlankLines) {
-    const Theme theme = read("\xEF\xBB\xBF# commentaire\r\n\r\n  Les été \t\r\nplage\r\n\nL'ÉTÉ (SAISON)\n"
-                             "  PORTE-MANTEAU  2 \n#FIN\nDERNIER",
-                             u"mer_1.txt");
+    const Theme theme =
+        read("\xEF\xBB\xBF# commentaire\r\n\r\n  Les été \t\r\nplage\r\n\nL'ÉTÉ CHAUD (SAISON)\n"
+             "  PORTE-MANTEAU  2 \n#FIN\nDERNIER",
+             u"mer_1.txt");
     EXPECT_EQ(told(problems), Told{});
     EXPECT_EQ(toUtf8(theme.fichier), "MER_1");
     EXPECT_EQ(toUtf8(theme.titre), "Les été");
     EXPECT_EQ(toUtf8(theme.image), "PLAGE");
     ASSERT_EQ(theme.entrees.size(), 3u);
-    EXPECT_EQ(toUtf8(theme.entrees[0].texte), "L'ÉTÉ (SAISON)");
+    EXPECT_EQ(toUtf8(theme.entrees[0].texte), "L'ÉTÉ CHAUD (SAISON)");
     EXPECT_EQ(theme.entrees[0].ligne, 6);
     EXPECT_EQ(toUtf8(theme.entrees[1].texte), "PORTE-MANTEAU  2");
     EXPECT_EQ(toUtf8(theme.entrees[2].texte), "DERNIER");
@@ -69,13 +68,14 @@ TEST_F(WordBases, ReadADashAsNoPicture) {
 TEST_F(WordBases, TellEveryProblemOfASourceWithItsLine) {
     read("Titre\nIMAGE\nBONNE\nbonne\nBONNE\nAB\nABCDEFGHIJKLMNOPQRSTUVWXYZABCDE\nŁÓDŹ VILLE\n"
          "MOT (bas permis ici)\nÉTÉS\nTRÈS BON\n");
-    EXPECT_EQ(told(problems),
-              (Told{"ESSAI.txt:4 bonne : le mot doit être en capitales",
-                    "ESSAI.txt:5 BONNE : l'entrée est déjà dans ce thème",
-                    "ESSAI.txt:6 AB : il y a moins de 3 lettres à trouver",
-                    "ESSAI.txt:7 ABCDEFGHIJKLMNOPQRSTUVWXYZABCDE : l'entrée a plus de 30 caractères",
-                    "ESSAI.txt:8 ŁÓDŹ VILLE : un caractère n'existe pas dans les fichiers du jeu",
-                    "ESSAI.txt:10 ÉTÉS : il y a moins de 3 lettres à trouver"}));
+    EXPECT_EQ(
+        told(problems),
+        (Told{"ESSAI.txt:4 bonne : le mot doit être en capitales",
+              "ESSAI.txt:5 BONNE : l'entrée est déjà dans ce thème",
+              "ESSAI.txt:6 AB : il y a moins de 3 lettres à trouver",
+              "ESSAI.txt:7 ABCDEFGHIJKLMNOPQRSTUVWXYZABCDE : l'entrée a plus de 30 caractères",
+              "ESSAI.txt:8 ŁÓDŹ VILLE : un caractère n'existe pas dans les fichiers du jeu",
+              "ESSAI.txt:10 ÉTÉS : il y a moins de 3 lettres à trouver"}));
 }
 
 TEST_F(WordBases, TellWhatIsWrongWithASourceAsAWhole) {
@@ -145,8 +145,8 @@ TEST_F(WordBases, LeaveTheOldFilesWholeWhereTheNewOnesFindNoPlace) {
     {
         const FileSizeLimit full(100);
         EXPECT_EQ(failureNumber([&] {
-                      outils::construireBases(
-                          files, {theme(u"AA", {u"DEUX", u"TROIS", u"QUATRE"})}, mask());
+                      outils::construireBases(files, {theme(u"AA", {u"DEUX", u"TROIS", u"QUATRE"})},
+                                              mask());
                   }),
                   failure::diskFull);
     }
@@ -184,14 +184,15 @@ TEST_F(WordBases, AreCheckedForAllThatTheGameWouldRefuse) {
                  baseRecord(1, 1, u"BON") + baseRecord(2, 9, u"COMPTE") +
                      baseRecord(3, 1, u"ABSENT") + baseRecord(4, 1, u"MORT", u"T", u"", 0) +
                      baseRecord(5, 3, u"MOTS") + baseRecord(7, 1, u"DEJA", u"T", u"", 0));
-    EXPECT_EQ(check(),
-              (Told{"GRIMV.LST:0 le numéro du dernier enregistrement n'est pas leur nombre : le jeu "
-                    "s'arrête",
-                    "COMPTE.DBS:2 la liste annonce 9 mots, le fichier en a 2",
-                    "ABSENT.DBS:3 le fichier de la base manque",
-                    "MORT.DBS:4 la base est hors service mais son fichier existe",
-                    "MOTS.DBS:2 chien : le mot doit être en capitales",
-                    "MOTS.DBS:3 ÉTÉ : il y a moins de 3 lettres à trouver"}));
+    EXPECT_EQ(
+        check(),
+        (Told{"GRIMV.LST:0 le numéro du dernier enregistrement n'est pas leur nombre : le jeu "
+              "s'arrête",
+              "COMPTE.DBS:2 la liste annonce 9 mots, le fichier en a 2",
+              "ABSENT.DBS:3 le fichier de la base manque",
+              "MORT.DBS:4 la base est hors service mais son fichier existe",
+              "MOTS.DBS:2 chien : le mot doit être en capitales",
+              "MOTS.DBS:3 ÉTÉ : il y a moins de 3 lettres à trouver"}));
 }
 
 TEST_F(WordBases, WithoutAGoodOneStopTheGameAndTheCheckSaysSo) {

@@ -18,8 +18,8 @@ struct Grimbases : testing::Test {
 
     Answer run(const std::string &arguments) {
         const std::string output = folder.bytePath(u"sortie"), errors = folder.bytePath(u"erreurs");
-        const int status = std::system(
-            (GRIMBASES " " + arguments + " >" + output + " 2>" + errors).c_str());
+        const int status =
+            std::system((GRIMBASES " " + arguments + " >" + output + " 2>" + errors).c_str());
         return {WEXITSTATUS(status), folder.read(u"sortie"), folder.read(u"erreurs")};
     }
     Answer make() {
@@ -49,8 +49,9 @@ TEST_F(Grimbases, MakesABaseOfEachSourceAndTheList) {
     EXPECT_EQ(made(), (std::vector<std::string>{"CIEL.DBS", "GRIMV.LST", "MER.DBS"}));
     const std::string mask = folder.bytePath(u"MASK");
     EXPECT_EQ(run("verifier " + mask).status, 0);
-    EXPECT_EQ(run("lister " + mask).output, "Le ciel (CIEL.DBS, 1 mots, image CIEL)\n  NUAGE\n"
-                                            "La mer (MER.DBS, 2 mots, image )\n  DAUPHIN\n  BALEINE\n");
+    EXPECT_EQ(run("lister " + mask).output,
+              "Le ciel (CIEL.DBS, 1 mots, image CIEL)\n  NUAGE\n"
+              "La mer (MER.DBS, 2 mots, image )\n  DAUPHIN\n  BALEINE\n");
 }
 
 TEST_F(Grimbases, WritesNothingWhenASourceIsBadAndTellsTheLine) {
@@ -97,7 +98,8 @@ TEST_F(Grimbases, TellsAFailureOfTheDiskByItsNumber) {
 }
 
 TEST_F(Grimbases, ShowsItsUseForAnyOtherWord) {
-    for (const char *words : {"", "inconnu", "construire", "construire a", "verifier", "lister a b"}) {
+    for (const char *words :
+         {"", "inconnu", "construire", "construire a", "verifier", "lister a b"}) {
         const Answer answer = run(words);
         EXPECT_EQ(answer.status, 2) << words;
         EXPECT_EQ(answer.errors.substr(0, 8), "Usage :\n");

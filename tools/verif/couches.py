@@ -19,7 +19,7 @@ ETAGES = {
     "platform/scripted": {"platform"},
     "tools": {"platform/scripted", "platform/qt", "shell/MAINGRIM", "scores", "bases", "game",
               "shell", "platform"},
-    "bench": {"tools", "platform/scripted", "shell/MAINGRIM", "scores", "bases", "game", "shell",
+    "bench": {"tests", "tools", "platform/scripted", "shell/MAINGRIM", "scores", "bases", "game", "shell",
               "platform"},
     "tests": {"tools", "platform/scripted", "platform/qt", "shell/MAINGRIM", "scores", "bases",
               "game", "shell", "platform"},

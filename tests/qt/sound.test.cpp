@@ -1,0 +1,244 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/qt/sound.h"
+
+#include "platform/files.h"
+#include "support/temporary_folder.h"
+
+#include <QByteArray>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+
+namespace grimoval::test {
+namespace {
+
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
+
+constexpr int rate = 44100;
+
+std::string number(std::uint32_t value, int bytes) {
+    std::string text;
+    for (int i = 0; i < bytes; ++i) {
+        text += static_cast<char>(value >> 8 * i & 0xff);
+    }
+    return text;
+}
+
+// A wave file of one channel that holds one value, which tells it from any other.
+std::string wave(double seconds, int value) {
+    const auto samples = static_cast<std::uint32_t>(seconds * rate);
+    std::string data;
+    for (std::uint32_t i = 0; i < samples; ++i) {
+        data += number(static_cast<std::uint32_t>(value), 2);
+    }
+    return "RIFF" + number(36 + 2 * samples, 4) + "WAVEfmt " + number(16, 4) + number(1, 2) +
+           number(1, 2) + number(rate, 4) + number(2 * rate, 4) + number(2, 2) + number(16, 2) +
+           "data" + number(2 * samples, 4) + data;
+}
+
+class SoundHeard : public testing::Test {
+protected:
+    SoundHeard() {
+        qputenv("SDL_AUDIODRIVER", "disk");
+        qputenv("SDL_DISKAUDIOFILE", folder.bytePath(u"heard.raw").c_str());
+    }
+    ~SoundHeard() override {
+        qunsetenv("SDL_AUDIODRIVER");
+        qunsetenv("SDL_DISKAUDIOFILE");
+    }
+
+    // The left side of all that was written up to now.
+    std::vector<int> heard() const {
+        const std::string bytes = folder.read(u"heard.raw");
+        std::vector<int> values;
+        for (std::size_t at = 0; at + 3 < bytes.size(); at += 4) {
+            values.push_back(
+                static_cast<std::int16_t>(static_cast<unsigned char>(bytes[at]) |
+                                          static_cast<unsigned char>(bytes[at + 1]) << 8));
+        }
+        return values;
+    }
+    double secondsOf(int value) const {
+        const auto values = heard();
+        return static_cast<double>(std::count(values.begin(), values.end(), value)) / rate;
+    }
+    Texte made(const Texte &name, const std::string &bytes) const {
+        folder.write(name, bytes);
+        return folder.path(name);
+    }
+
+    TemporaryFolder folder;
+    Files files;
+};
+
+double secondsFor(const std::function<void()> &action) {
+    const auto start = Clock::now();
+    action();
+    return std::chrono::duration<double>(Clock::now() - start).count();
+}
+
+TEST_F(SoundHeard, NoSuchDriverIsNeitherWaveNorMidi) {
+    qputenv("SDL_AUDIODRIVER", "nosuchdriver");
+    const Texte voice = made(u"voice.wav", wave(0.2, 1000));
+    MixerSound sound(files);
+    EXPECT_FALSE(sound.waveAvailable());
+    EXPECT_FALSE(sound.midiAvailable());
+    sound.playWave(voice);
+    sound.playMidi(voice, true);
+    sound.stopMidi();
+    EXPECT_LT(secondsFor([&] { sound.finishWave(5s); }), 0.5);
+}
+
+TEST_F(SoundHeard, ADeviceIsWave) {
+    MixerSound sound(files);
+    EXPECT_TRUE(sound.waveAvailable());
+}
+
+TEST_F(SoundHeard, PlayingReturnsAtOnceEvenBeforeTheDeviceIsOpen) {
+    const Texte voice = made(u"voice.wav", wave(0.3, 1000));
+    const Texte large = made(u"large.wav", wave(60, 2000));
+    MixerSound sound(files);
+    // The machine itself may be busy: the quickest of a few.
+    const auto quickest = [](const std::function<void()> &action) {
+        return std::min({secondsFor(action), secondsFor(action), secondsFor(action)});
+    };
+    for (const Texte &path : {voice, large, voice}) {
+        EXPECT_LT(quickest([&] { sound.playWave(path); }), 0.005);
+    }
+    EXPECT_LT(quickest([&] { sound.playMidi(voice, true); }), 0.005);
+    EXPECT_LT(quickest([&] { sound.stopMidi(); }), 0.005);
+    sound.finishWave(8s);
+    EXPECT_NEAR(secondsOf(1000), 0.3, 0.001);
+}
+
+TEST_F(SoundHeard, FinishWaveReturnsWhenTheLastSampleIsOut) {
+    const Texte voice = made(u"voice.wav", wave(0.5, 1000));
+    MixerSound sound(files);
+    ASSERT_TRUE(sound.waveAvailable());
+    sound.playWave(voice);
+    const double seconds = secondsFor([&] { sound.finishWave(5s); });
+    EXPECT_NEAR(secondsOf(1000), 0.5, 0.001);
+    EXPECT_GT(seconds, 0.45);
+    EXPECT_LT(seconds, 1.5);
+}
+
+TEST_F(SoundHeard, FinishWaveWaitsNoLongerThanItsPatience) {
+    const Texte voice = made(u"voice.wav", wave(20, 1000));
+    MixerSound sound(files);
+    ASSERT_TRUE(sound.waveAvailable());
+    sound.playWave(voice);
+    const double seconds = secondsFor([&] { sound.finishWave(300ms); });
+    EXPECT_GE(seconds, 0.3);
+    EXPECT_LT(seconds, 0.8);
+}
+
+TEST_F(SoundHeard, FinishWaveWithNothingPlayingReturnsAtOnce) {
+    MixerSound sound(files);
+    ASSERT_TRUE(sound.waveAvailable());
+    EXPECT_LT(secondsFor([&] { sound.finishWave(5s); }), 0.3);
+}
+
+TEST_F(SoundHeard, ANewWaveTakesThePlaceOfTheOneThatSounds) {
+    const Texte first = made(u"first.wav", wave(2, 1000));
+    const Texte second = made(u"second.wav", wave(0.2, 2000));
+    MixerSound sound(files);
+    ASSERT_TRUE(sound.waveAvailable());
+    sound.playWave(first);
+    std::this_thread::sleep_for(200ms);
+    sound.playWave(second);
+    sound.finishWave(5s);
+    EXPECT_GT(secondsOf(1000), 0.05);
+    EXPECT_LT(secondsOf(1000), 1.5);
+    EXPECT_NEAR(secondsOf(2000), 0.2, 0.001);
+    EXPECT_EQ(secondsOf(3000), 0); // never both
+}
+
+TEST_F(SoundHeard, OfManyQuickWavesTheLastIsHeardWhole) {
+    const Texte first = made(u"first.wav", wave(1, 1000));
+    const Texte last = made(u"last.wav", wave(0.2, 2000));
+    MixerSound sound(files);
+    EXPECT_LT(secondsFor([&] {
+                  for (int i = 0; i < 200; ++i) {
+                      sound.playWave(first);
+                  }
+                  sound.playWave(last);
+              }),
+              0.2);
+    EXPECT_LT(secondsFor([&] { sound.finishWave(5s); }), 2.5);
+    EXPECT_NEAR(secondsOf(2000), 0.2, 0.001);
+}
+
+TEST_F(SoundHeard, WhatCannotBePlayedIsSilence) {
+    const std::string good = wave(0.2, 1000);
+    const std::vector<std::pair<Texte, std::string>> bad = {
+        {u"empty.wav", ""},
+        {u"header.wav", good.substr(0, 30)},
+        {u"garbage.wav", std::string(20000, '\x5a')},
+        {u"claims.wav", good.substr(0, 4) + std::string(2000, '\xff')},
+        {u"text.wav", "RIFF of another kind"},
+    };
+    MixerSound sound(files);
+    ASSERT_TRUE(sound.waveAvailable());
+    for (const auto &[name, bytes] : bad) {
+        sound.playWave(made(name, bytes));
+        sound.playMidi(folder.path(name), true);
+        EXPECT_LT(secondsFor([&] { sound.finishWave(5s); }), 0.5);
+    }
+    const Texte huge = made(u"huge.wav", good);
+    std::filesystem::resize_file(folder.bytePath(u"huge.wav"), std::uintmax_t(3) << 30);
+    sound.playWave(huge);
+    sound.playWave(folder.path(u"missing.wav"));
+    sound.playWave(folder.path(u" "));
+    sound.playWave(folder.path());
+    EXPECT_LT(secondsFor([&] { sound.finishWave(5s); }), 0.5);
+    const auto values = heard();
+    EXPECT_TRUE(std::all_of(values.begin(), values.end(), [](int value) { return value == 0; }));
+
+    // And the next good one is heard.
+    sound.playWave(made(u"good.wav", good));
+    sound.finishWave(5s);
+    EXPECT_NEAR(secondsOf(1000), 0.2, 0.001);
+}
+
+TEST_F(SoundHeard, AFileReplacedByGarbageFallsSilentAndSoundsAgainWhenItIsGood) {
+    MixerSound sound(files);
+    ASSERT_TRUE(sound.waveAvailable());
+    const Texte voice = made(u"voice.wav", wave(5, 1000));
+    sound.playWave(voice);
+    std::this_thread::sleep_for(100ms);
+    sound.playWave(made(u"voice.wav", "no sound"));
+    EXPECT_LT(secondsFor([&] { sound.finishWave(5s); }), 0.5);
+    sound.playWave(made(u"voice.wav", wave(0.2, 2000)));
+    sound.finishWave(5s);
+    EXPECT_LT(secondsOf(1000), 1);
+    EXPECT_NEAR(secondsOf(2000), 0.2, 0.001);
+}
+
+TEST_F(SoundHeard, StoppingATuneThatDoesNotPlayLeavesTheVoiceAlone) {
+    MixerSound sound(files);
+    sound.stopMidi();
+    sound.stopMidi();
+    sound.playWave(made(u"voice.wav", wave(0.2, 1000)));
+    sound.stopMidi();
+    sound.finishWave(5s);
+    EXPECT_NEAR(secondsOf(1000), 0.2, 0.001);
+}
+
+TEST_F(SoundHeard, GoesAtAnyMoment) {
+    const Texte voice = made(u"voice.wav", wave(20, 1000));
+    for (const auto moment : {0ms, 5ms, 150ms}) {
+        EXPECT_LT(secondsFor([&] {
+                      MixerSound sound(files);
+                      sound.playWave(voice);
+                      std::this_thread::sleep_for(moment);
+                  }),
+                  2);
+    }
+}
+
+} // namespace
+} // namespace grimoval::test
