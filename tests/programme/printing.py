@@ -173,5 +173,20 @@ class Printing(GameTest):
         self.program.press("Quitter")
         self.program.await_one("push button", "Nouvelle partie")
 
+    def test_a_print_server_that_never_answers_keeps_nobody_waiting(self):
+        with socket.socket() as silent:
+            silent.bind(("127.0.0.1", 0))
+            silent.listen()
+            self.start_with(f"127.0.0.1:{silent.getsockname()[1]}")
+            self.play_a_word()
+            start = time.monotonic()
+            self.program.press("Quitter")
+            self.program.await_one("push button", "Nouvelle partie")
+            self.assertLess(time.monotonic() - start, 3)
+        log = os.path.join(self.screen.env["XDG_DATA_HOME"], "Calvenor", "Le Grimoval",
+                           "SCORGRIM.TXT")
+        with open(log, encoding="cp1252") as file:
+            self.assertEqual(file.readline(), "-" * 68 + "\n")
+
 
 main()

@@ -4,7 +4,11 @@
 #include "support/game.h"
 
 #include <cmath>
+#include <csignal>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace grimoval::test {
 namespace {
@@ -126,12 +130,47 @@ TEST(Failure, AFullDiskIsToldAndEarlierRecordsStayWhole) {
     EXPECT_EQ(log.screen.MousePointer, 0);
 }
 
+TEST(Failure, ADeviceThatIsGoneIsTold) {
+    Log log;
+    // A pipe that nobody reads answers a writer as a device that is away.
+    ASSERT_EQ(::mkfifo(log.folder.bytePath(journal).c_str(), 0600), 0);
+    log.record();
+    EXPECT_EQ(toUtf8(log.told()), "ERREUR 68\u00A0: Lecteur /: non disponible.");
+}
+
 TEST(Failure, AFolderThatIsGoneIsTold) {
     Log log;
     log.g.dossiers.DossierScore = log.folder.path(u"absent");
     log.record();
     EXPECT_EQ(toUtf8(log.told()), "ERREUR 76\u00A0: Ce chemin d'accès n'existe pas.");
     EXPECT_EQ(log.g.dossiers.DossierScore.back(), separator); // the value stays changed
+}
+
+TEST(Log, AProcessKilledWhileItWritesLeavesEarlierRecordsWhole) {
+    Log log;
+    log.record();
+    const std::string first = log.folder.read(journal);
+    for (int instant = 0; instant < 40; ++instant) {
+        const pid_t writer = ::fork();
+        ASSERT_GE(writer, 0);
+        if (writer == 0) {
+            for (;;) {
+                log.score.show();
+                log.score.CmdScore[0].userClick();
+            }
+        }
+        ::usleep(static_cast<useconds_t>(instant * 137));
+        ::kill(writer, SIGKILL);
+        ASSERT_EQ(::waitpid(writer, nullptr, 0), writer);
+        const std::string text = log.folder.read(journal);
+        ASSERT_EQ(text.substr(0, first.size()), first);
+        // Every record but the last is whole, and what is cut there is the beginning of one.
+        for (std::size_t i = first.size(); i < text.size(); i += first.size()) {
+            const std::string record = text.substr(i, first.size());
+            ASSERT_EQ(record, first.substr(0, record.size()));
+        }
+        log.files.replace(log.folder.path(journal), first); // as old as the clock says
+    }
 }
 
 TEST(Failure, AnyOtherIsToldByItsNumberAndLeavesTheRecordUnwritten) {

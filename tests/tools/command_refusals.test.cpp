@@ -14,16 +14,27 @@ struct Row {
     const char *command, *reason; // nullptr: it is carried out
 };
 
-// After a preparation, what becomes of one command.
+Lines refusals(const std::string &commands) {
+    ScriptedRun scripted;
+    Lines lines = scripted.run(commands);
+    std::erase_if(lines, [](const std::string &line) { return !line.starts_with("refus"); });
+    return lines;
+}
+
+// After a preparation, what becomes of each command: those that are refused one after the other, as
+// they change nothing, and each of the others alone.
 void check(const std::string &before, const std::vector<Row> &rows) {
+    std::string refused = before;
+    Lines reasons;
     for (const Row &row : rows) {
-        ScriptedRun scripted;
-        Lines lines = scripted.run(before + "# ici\n" + row.command + "\n");
-        std::erase_if(lines, [](const std::string &line) { return !line.starts_with("refus"); });
-        EXPECT_EQ(lines,
-                  row.reason == nullptr ? Lines{} : Lines{"refus " + std::string(row.reason)})
-            << row.command;
+        if (row.reason == nullptr) {
+            EXPECT_EQ(refusals(before + row.command + "\n"), Lines{}) << row.command;
+        } else {
+            refused += std::string(row.command) + "\n";
+            reasons.push_back("refus " + std::string(row.reason));
+        }
     }
+    EXPECT_EQ(refusals(refused), reasons);
 }
 
 const std::string started = "demarrer {APPLI} {DONNEES}\nclic frmSplash.M\n";
