@@ -171,7 +171,11 @@ void MixerSound::playWave(const Texte &path) {
     }
     post([file](Mixer &mixer) {
         mixer.dropWave();
-        mixer.chunk = Mix_LoadWAV(file.c_str());
+        // Closed here: the library forgets the file when it is no sound.
+        if (SDL_RWops *source = SDL_RWFromFile(file.c_str(), "rb")) {
+            mixer.chunk = Mix_LoadWAV_RW(source, 0);
+            SDL_RWclose(source);
+        }
         if (mixer.chunk != nullptr) {
             Mix_PlayChannel(waveChannel, mixer.chunk, 0);
         }
