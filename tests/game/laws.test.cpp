@@ -104,16 +104,17 @@ TEST(EveryStepOfEveryGame, ChangesNothingAtAClosedDoor) {
         game.random.numbers.assign(random.draws.begin(), random.draws.end());
         game.prepare(random.start);
         perform(game, {Action::begin});
-        std::vector<std::string> before = variables(game);
         for (const Action &action : random.actions) {
+            const bool hasDoor = action.kind == Action::click || action.kind == Action::newWord ||
+                                 action.kind == Action::answer || action.kind == Action::giveUp ||
+                                 action.kind == Action::stop || action.kind == Action::begin;
+            const auto before = hasDoor ? variables(game) : std::vector<std::string>();
             game.windows.take();
-            const bool taken = perform(game, action);
-            std::vector<std::string> after = variables(game);
-            if (!taken) {
-                RC_ASSERT(after == before);
+            if (!perform(game, action)) {
+                RC_ASSERT(hasDoor);
+                RC_ASSERT(variables(game) == before);
                 RC_ASSERT(game.windows.take().empty());
             }
-            before = std::move(after);
         }
     });
 }
