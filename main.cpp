@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Le Grimoval: the services, the state and the windows, brought together. The one file that sees
 // both the program and the toolkit.
+#include "platform/qt/motion.h"
 #include "platform/qt/printing.h"
 #include "platform/qt/qtservices.h"
 #include "platform/qt/qtwindows.h"
@@ -8,6 +9,7 @@
 #include "shell/MAINGRIM.h"
 
 #include <QApplication>
+#include <QTimer>
 
 int main(int count, char **arguments) {
     using namespace grimoval;
@@ -25,6 +27,7 @@ int main(int count, char **arguments) {
     Services services{screen, files, clock, random, sound, documents, application, printer};
     Globales g(services);
     FenetresDuJeu fenetres(g);
+    QTimer::singleShot(0, &toolkit, motion::followDesktop); // the splash comes first
 
     // The leave-taking is heard to its end after the last window has gone.
     windows.guard().end = [&sound](int status) {

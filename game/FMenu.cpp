@@ -18,7 +18,7 @@ void FMenu::dessiner() {
     titleBar = true;
     background = "FMenu";
 
-    VSDessin.place = {330, 300, 4140, 3105};
+    VSDessin.place = {330, 285, 4080, 3060};
     VSDessin.Visible = false;
     VSDessin.ToolTipText = u"Image du thème";
     VSDessin.accessibleName = u"Image du thème";
@@ -42,10 +42,10 @@ void FMenu::dessiner() {
     Rappel[2].place   = { 8415, 1020,  2190,  840};
     ImgScore[0].place = { 7125, 1020,   840,  840};
     ImgScore[1].place = {10710, 1020,   840,  840};
-    FluReflec.place   = { 4680, 2160,  6990,  540};
-    FluxScore.place   = { 4680, 2850,  6990,  540};
-    AffMot[0].place   = {  330, 3600, 10470, 1260};
-    AffMot[1].place   = {10920, 3780,   750,  900};
+    FluReflec.place   = { 4680, 2085,  6990,  600};
+    FluxScore.place   = { 4680, 2745,  6990,  600};
+    AffMot[0].place   = {  330, 3450, 10440, 1560};
+    AffMot[1].place   = {10890, 3795,   780,  870};
     // clang-format on
     for (int joueur = 1; joueur <= 2; ++joueur) {
         Label &panneau = Bord[joueur + 1];
@@ -57,6 +57,7 @@ void FMenu::dessiner() {
         nom.ForeColor = colours::white;
         nom.ToolTipText = u"A toi";
         nom.accessibleDescription = u"Joueur " + decimal(joueur);
+        nom.look = Label::Look::player;
         nom.container = &panneau;
         Label &score = ImgScore[joueur - 1];
         score.FontSize = 20;
@@ -71,6 +72,7 @@ void FMenu::dessiner() {
 
     FluReflec.Maximum = 20;
     FluReflec.CouleurTexte = colours::white;
+    FluReflec.measure = Gauge::Measure::time;
     FluReflec.accessibleName = u"Temps de réflexion";
     FluxScore.Visible = false;
     FluxScore.CouleurTexte = colours::white;
@@ -94,7 +96,7 @@ void FMenu::dessiner() {
         const Texte lettre(1, static_cast<char16_t>(u'A' + i));
         LetterButton &bouton = VsAlpha[i];
         bouton.caption = lettre;
-        bouton.place = {345 + (i % 13) * 875, 5010 + (i / 13) * 855, 810, 780};
+        bouton.place = {345 + (i % 13) * 875, 5115 + (i / 13) * 855, 810, 795};
         bouton.Picture = lettre + u".libre";
         bouton.DownPicture = lettre + u".trouvee";
         bouton.DisabledPicture = lettre + u".repos";
@@ -119,17 +121,17 @@ void FMenu::brancher() {
     };
     // clang-format off
     const Bouton boutons[] = {
-        {CmdTjr[2],  u"Nouvelle partie",      {  330, 6870, 1500, 1500}, [this] { CmdTjr_Click(2); },  false},
-        {CmdJeux[0], u"Nouveau mot",          { 1980, 6870, 1500, 1500}, [this] { CmdJeux_Click(0); }, true},
-        {CmdJeux[1], u"Voir la réponse",      { 3690, 7080, 1080, 1080}, [this] { CmdJeux_Click(1); }, true},
-        {CmdJeux[2], u"Abandonner",           { 3690, 7080, 1080, 1080}, [this] { CmdJeux_Click(2); }, false},
-        {CmdTjr[0],  u"Stopper la partie",    { 4890, 7080, 1080, 1080}, [this] { CmdTjr_Click(0); },  true},
-        {CmdBase,    u"Changer de thème",     { 6180, 7200,  810,  840}, [this] { CmdBase_Click(); },  false},
-        {CmdCfg[0],  u"Configuration du jeu", { 7050, 7200,  810,  840}, [this] { CmdCfg_Click(0); },  false},
-        {CmdCfg[1],  u"Configuration du son", { 7920, 7200,  810,  840}, [this] { CmdCfg_Click(1); },  false},
-        {CmdTjr[1],  u"Aide",                 { 8790, 7200,  810,  840}, [this] { CmdTjr_Click(1); },  false},
-        {lblAbout,   u"A propos",             { 9660, 7200,  810,  840}, [this] { lblAbout_Click(); }, false},
-        {CmdTjr[3],  u"Quitter",              {10590, 7080, 1080, 1080}, [this] { CmdTjr_Click(3); },  false},
+        {CmdTjr[2],  u"Nouvelle partie",      {  285, 6855, 1620, 1620}, [this] { CmdTjr_Click(2); },  false},
+        {CmdJeux[0], u"Nouveau mot",          { 1980, 6855, 1620, 1620}, [this] { CmdJeux_Click(0); }, true},
+        {CmdJeux[1], u"Voir la réponse",      { 3720, 7110, 1110, 1110}, [this] { CmdJeux_Click(1); }, true},
+        {CmdJeux[2], u"Abandonner",           { 3720, 7110, 1110, 1110}, [this] { CmdJeux_Click(2); }, false},
+        {CmdTjr[0],  u"Stopper la partie",    { 4905, 7110, 1110, 1110}, [this] { CmdTjr_Click(0); },  true},
+        {CmdBase,    u"Changer de thème",     { 6180, 7230,  825,  870}, [this] { CmdBase_Click(); },  false},
+        {CmdCfg[0],  u"Configuration du jeu", { 7050, 7230,  825,  870}, [this] { CmdCfg_Click(0); },  false},
+        {CmdCfg[1],  u"Configuration du son", { 7920, 7230,  825,  870}, [this] { CmdCfg_Click(1); },  false},
+        {CmdTjr[1],  u"Aide",                 { 8790, 7230,  825,  870}, [this] { CmdTjr_Click(1); },  false},
+        {lblAbout,   u"A propos",             { 9660, 7230,  825,  870}, [this] { lblAbout_Click(); }, false},
+        {CmdTjr[3],  u"Quitter",              {10575, 7110, 1110, 1110}, [this] { CmdTjr_Click(3); },  false},
     };
     // clang-format on
     int rang = 0;
@@ -139,6 +141,8 @@ void FMenu::brancher() {
         b.bouton.tooltip = true;
         b.bouton.Inactif = b.inactif;
     }
+    CmdTjr[2].prominent = true;
+    CmdJeux[0].prominent = true;
     CmdJeux[1].Visible = false;
     CmdJeux[2].Visible = false;
 

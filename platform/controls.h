@@ -91,7 +91,8 @@ public:
         panel, // a frame with nothing written on it
         word,  // the hidden word: as large as its place allows
         title, // large and set off
-        badge  // a short figure in a small frame
+        badge, // a short figure in a small frame
+        player // a name; when the call of the tooltip follows it, that player's turn is seen
     };
     Look look = Look::plain;
     Alignment alignment = Alignment::left;
@@ -114,7 +115,8 @@ public:
     Property<bool> Inactif{*this, "Inactif", false};
     Property<bool> Visible{*this, "Visible", true};
     std::function<void()> Click;
-    bool tooltip = false; // shows its accessible name under the mouse
+    bool tooltip = false;   // shows its accessible name under the mouse
+    bool prominent = false; // draws the eye while it can be pressed
 };
 
 // A graphical button for one letter; its faces are names of pictures.
@@ -159,6 +161,10 @@ public:
 
     std::function<void()> Progression;
     std::function<void()> Fin;
+
+    // What fills it; the design alone sets it. Time runs out, a count is a gain.
+    enum class Measure { count, time };
+    Measure measure = Measure::count;
 };
 
 // A list of strings. Events: a click when the selected index is assigned.

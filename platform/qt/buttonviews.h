@@ -12,6 +12,8 @@ public:
     explicit FaceButton(QWidget *parent);
     void setFace(const QImage &face);
     bool hasFace() const { return !face_.isNull(); }
+    // One that can be pressed stands in a light of its own.
+    void setProminent(bool prominent) { prominent_ = prominent; }
 
 protected:
     void draw(QPainter &painter) override;
@@ -22,6 +24,7 @@ private:
 
     QImage face_;
     QPixmap scaled_, greyed_;
+    bool prominent_ = false;
 };
 
 // The faces of a letter: "A.libre", "A.trouvee", "A.fausse", "A.repos".

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/qt/buttonviews.h"
 
+#include <cmath>
+
 namespace grimoval {
 
 namespace {
@@ -36,12 +38,20 @@ void FaceButton::setFace(const QImage &face) {
 void FaceButton::draw(QPainter &painter) {
     const double f = factor();
     // At rest the face leaves room to grow under the mouse and for the ring.
-    const double margin = std::min(area().width(), area().height()) * 0.06;
+    const double margin = std::min(area().width(), area().height()) * (prominent_ ? 0.1 : 0.06);
     const QRectF rest = area().adjusted(margin, margin, -margin, -margin);
     const bool live = isEnabled();
     const bool raised = live && isUnderMouse() && !isDown();
+    if (live && prominent_) {
+        QRadialGradient light(area().center(), std::min(area().width(), area().height()) / 2);
+        light.setColorAt(0.72, QColor(0xff, 0xe9, 0xa6, 200));
+        light.setColorAt(0.86, QColor(0xf2, 0xc1, 0x4e, 90));
+        light.setColorAt(1, QColor(0xf2, 0xc1, 0x4e, 0));
+        painter.fillRect(area(), light);
+    }
     if (live && hasFocus()) {
-        drawFocusRing(painter, area(), 14 * f, f);
+        const bool disc = std::abs(area().width() - area().height()) < area().width() * 0.1;
+        drawFocusRing(painter, area(), disc ? area().width() / 2 : 14 * f, f);
     }
     if (face_.isNull()) {
         painter.setOpacity(live ? 1 : 0.4);

@@ -15,6 +15,7 @@ struct LabelText {
     Alignment alignment = Alignment::left;
     bool bold = false;
     bool wraps = false;
+    QString call = {}; // what follows a player's name at that player's turn
     bool operator==(const LabelText &) const = default;
 };
 
@@ -28,6 +29,8 @@ protected:
     void draw(QPainter &painter) override;
 
 private:
+    void drawPlayer(QPainter &painter, const QRectF &place) const;
+
     LabelText text_;
 };
 

@@ -28,48 +28,47 @@ void LetterView::draw(QPainter &painter) {
     const QString letter = face.section(u'.', 0, 0);
     const QString state = face.section(u'.', 1);
     const QRectF tile = area().adjusted(2 * f, 2 * f, -2 * f, -2 * f);
-    const double pixels = tile.height() * 0.66;
-    QRectF place = tile.adjusted(0, 0, 0, -4 * f);
+    const QRectF place = faceOfTile(tile, f);
+    const double pixels = tile.height() * 0.68;
+    const double badge = tile.width() * 0.15;
+    const QPointF corner = tile.topRight() + QPointF(-badge * 0.9, badge * 0.9);
 
     if (state == u"libre") {
         const bool raised = isEnabled() && isUnderMouse();
         drawTile(painter, tile, raised ? shade::parchmentLight : shade::parchment, shade::goldDark,
                  f, isDown());
-        drawFitted(painter, place.translated(0, isDown() ? 3 * f : 0), letter, pixels, true, false,
-                   Qt::AlignCenter, shade::ink);
+        drawFitted(painter, place, letter, pixels, true, false, Qt::AlignCenter, shade::ink);
     } else if (state == u"trouvee") {
-        drawTile(painter, tile, shade::green, QColor(0x14, 0x4d, 0x22), f, isDown());
-        drawFitted(painter, place, letter, pixels, true, false, Qt::AlignCenter, Qt::white);
-        // A tick in the corner.
-        const double r = tile.width() * 0.15;
-        const QPointF corner = tile.topRight() + QPointF(-r * 1.25, r * 1.25);
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(Qt::white);
-        painter.drawEllipse(corner, r, r);
-        painter.setPen(QPen(QColor(0x14, 0x6b, 0x2a), r * 0.42, Qt::SolidLine, Qt::RoundCap));
-        painter.drawPolyline(
-            QPolygonF({corner + QPointF(-r * 0.5, 0), corner + QPointF(-r * 0.1, r * 0.42),
-                       corner + QPointF(r * 0.52, -r * 0.4)}));
+        // A jewel in its setting.
+        drawTile(painter, tile, shade::emerald, shade::emeraldDark, f, isDown());
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(shade::gold, 1.6 * f));
+        const double in = 3.2 * f;
+        painter.drawRoundedRect(place.adjusted(in, in, -in, -in), 6 * f, 6 * f);
+        drawFitted(painter, place.translated(0, isDown() ? 3 * f : 0), letter, pixels, true, false,
+                   Qt::AlignCenter, Qt::white);
+        drawTick(painter, corner, badge);
     } else if (state == u"fausse") {
-        painter.setPen(QPen(QColor(0x5c, 0x27, 0x20), 1.2 * f));
-        painter.setBrush(QColor(0x6b, 0x30, 0x28, 190));
-        painter.drawRoundedRect(tile.adjusted(1, 2 * f, -1, -2 * f), 9 * f, 9 * f);
-        drawFitted(painter, tile, letter, pixels * 0.9, true, false, Qt::AlignCenter,
-                   QColor(0xf0, 0xc9, 0xb8));
-        painter.setPen(QPen(QColor(0xff, 0x9a, 0x86), 2.6 * f, Qt::SolidLine, Qt::RoundCap));
-        const QRectF cross = tile.adjusted(tile.width() * 0.2, tile.height() * 0.2,
-                                           -tile.width() * 0.2, -tile.height() * 0.2);
-        painter.drawLine(cross.topLeft(), cross.bottomRight());
-        painter.drawLine(cross.topRight(), cross.bottomLeft());
+        // The tile has gone: its empty place, a struck letter.
+        const QRectF hole = place.adjusted(f, 2 * f, -f, 2 * f);
+        painter.setPen(QPen(shade::coral, 1.4 * f, Qt::DashLine));
+        painter.setBrush(QColor(0x0a, 0x0c, 0x2c, 215));
+        painter.drawRoundedRect(hole, 9 * f, 9 * f);
+        painter.setPen(QPen(shade::coral, 2.6 * f, Qt::SolidLine, Qt::RoundCap));
+        const double x = hole.width() * 0.2, y = hole.height() * 0.24;
+        painter.drawLine(hole.bottomLeft() + QPointF(x, -y), hole.topRight() + QPointF(-x, y));
+        drawFitted(painter, hole, letter, pixels * 0.86, false, false, Qt::AlignCenter,
+                   QColor(0xde, 0xbf, 0xc4));
+        drawCross(painter, corner, badge * 0.88);
     } else {
-        painter.setPen(QPen(QColor(0xa9, 0xb8, 0xee, 120), 1.4 * f));
-        painter.setBrush(QColor(0x0b, 0x14, 0x40, 90));
-        painter.drawRoundedRect(tile.adjusted(2 * f, 2 * f, -2 * f, -2 * f), 9 * f, 9 * f);
-        drawFitted(painter, tile, letter, pixels * 0.86, false, false, Qt::AlignCenter,
-                   QColor(0xb4, 0xc1, 0xf0));
+        painter.setPen(QPen(QColor(0xc3, 0xce, 0xf6, 110), 1.4 * f));
+        painter.setBrush(QColor(0x0b, 0x14, 0x40, 120));
+        painter.drawRoundedRect(place.adjusted(2 * f, 3 * f, -2 * f, f), 9 * f, 9 * f);
+        drawFitted(painter, place.translated(0, 2 * f), letter, pixels * 0.86, false, false,
+                   Qt::AlignCenter, shade::mist);
     }
     if (hasFocus() && isEnabled()) {
-        drawFocusRing(painter, area(), 10 * f, f);
+        drawFocusRing(painter, area(), 11 * f, f);
     }
 }
 

@@ -26,13 +26,15 @@ LabelMirror::LabelMirror(FormWindow &window, Label &control)
 void LabelMirror::refresh(const PropertyBase * /*property*/) {
     refreshWidget();
     view_->write({toQt(subject_.Caption), subject_.ForeColor, subject_.FontSize, subject_.look,
-                  subject_.alignment, subject_.bold, subject_.wraps});
+                  subject_.alignment, subject_.bold, subject_.wraps,
+                  subject_.look == Label::Look::player ? toQt(subject_.ToolTipText) : QString()});
 }
 
 // ---- buttons
 
 FaceMirror::FaceMirror(FormWindow &window, PictureButton &control) : ViewMirror(window, control) {
     listen();
+    view_->setProminent(control.prominent);
 }
 
 void FaceMirror::refresh(const PropertyBase *property) {
@@ -65,7 +67,9 @@ void LetterMirror::refresh(const PropertyBase * /*property*/) {
 
 GaugeMirror::GaugeMirror(FormWindow &window, Gauge &control)
     : ViewMirror(window, control),
-      second_([this] { window_.run([this](Form &) { subject_.tick(); }); }) {}
+      second_([this] { window_.run([this](Form &) { subject_.tick(); }); }) {
+    view_->setMeasure(control.measure);
+}
 
 void GaugeMirror::refresh(const PropertyBase *property) {
     refreshWidget();

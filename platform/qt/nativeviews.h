@@ -3,6 +3,7 @@
 // table.
 #pragma once
 
+#include "platform/controls.h"
 #include "platform/qt/painting.h"
 
 #include <QLineEdit>
@@ -21,9 +22,15 @@ QString sheetFor(double factor);
 // What all windows have in common: pointer notes and the colours that Qt asks for.
 void dressApplication(double factor);
 
+// A tube that fills, with the sign of what it measures. Of time, a child feels how much is left:
+// calm, then short, then urgent, by the colour, the pattern and the sand of the glass.
 class GaugeView : public QProgressBar {
 public:
     explicit GaugeView(QWidget *parent);
+    void setMeasure(Gauge::Measure measure);
+    // How pressing the time is.
+    enum class Haste { none, calm, brief, urgent };
+    Haste haste() const;
     void set(int value, int maximum, const QString &text, const QColor &ink);
     void setFactor(double factor);
     const QString &shownText() const { return text_; }
@@ -32,8 +39,12 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    void drawFill(QPainter &painter, const QRectF &tube) const;
+    void drawSign(QPainter &painter, const QRectF &place) const;
+
     QString text_;
     QColor ink_;
+    Gauge::Measure measure_ = Gauge::Measure::count;
     double factor_ = 1;
 };
 

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 namespace grimoval {
 
@@ -130,37 +131,114 @@ void drawFocusRing(QPainter &painter, const QRectF &area, double radius, double 
 }
 
 void drawGoldFrame(QPainter &painter, const QRectF &outer, double thickness) {
-    QLinearGradient gold(outer.topLeft(), outer.bottomRight());
-    gold.setColorAt(0, QColor(0xff, 0xf3, 0xc4));
-    gold.setColorAt(0.3, QColor(0xff, 0xd9, 0x7a));
-    gold.setColorAt(0.62, shade::gold);
-    gold.setColorAt(1, shade::goldDark);
-    QPainterPath frame;
-    frame.addRoundedRect(outer, thickness, thickness);
-    frame.addRect(outer.adjusted(thickness, thickness, -thickness, -thickness));
-    painter.fillPath(frame, gold);
+    const auto ring = [&](double from, double to, double radius, const QBrush &brush) {
+        QPainterPath path;
+        path.addRoundedRect(outer.adjusted(from, from, -from, -from), radius, radius);
+        path.addRect(outer.adjusted(to, to, -to, -to));
+        painter.fillPath(path, brush);
+    };
+    const auto slope = [&](const QColor &light, const QColor &middle, const QColor &dark) {
+        QLinearGradient gradient(outer.topLeft(), outer.bottomRight());
+        gradient.setColorAt(0, light);
+        gradient.setColorAt(0.45, middle);
+        gradient.setColorAt(1, dark);
+        return gradient;
+    };
+    const double t = thickness;
+    ring(0, t, t, slope({0xc9, 0x93, 0x2f}, shade::goldDark, {0x6b, 0x43, 0x0c}));
+    // A rounded moulding, lit from the left top, and the groove inside it.
+    ring(t * 0.12, t * 0.72, t * 0.8, slope({0xff, 0xf6, 0xd0}, shade::gold, {0xb8, 0x80, 0x20}));
+    ring(t * 0.3, t * 0.52, t * 0.5, slope({0xff, 0xff, 0xf2}, shade::goldLight, shade::gold));
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(QColor(0x2a, 0x1a, 0x0a), thickness / 8));
-    painter.drawRect(outer.adjusted(thickness, thickness, -thickness, -thickness));
+    painter.setPen(QPen(QColor(0x2a, 0x1a, 0x0a), t / 8));
+    painter.drawRect(outer.adjusted(t, t, -t, -t));
+    for (const QPointF corner :
+         {outer.topLeft() + QPointF(t, t), outer.topRight() + QPointF(-t, t),
+          outer.bottomLeft() + QPointF(t, -t), outer.bottomRight() + QPointF(-t, -t)}) {
+        const QPointF inward = (outer.center() - corner) * (t * 0.28 / (outer.width() / 2));
+        QRadialGradient stud(corner - inward - QPointF(t, t) * 0.2, t);
+        stud.setColorAt(0, QColor(0xff, 0xfb, 0xe6));
+        stud.setColorAt(0.5, shade::gold);
+        stud.setColorAt(1, shade::goldDark);
+        painter.setPen(QPen(QColor(0x5c, 0x3a, 0x0a), t / 10));
+        painter.setBrush(stud);
+        painter.drawPath(star(corner - inward, t * 0.92, 4, 0.62));
+    }
+}
+
+namespace {
+double riseOfTile(const QRectF &area, double factor) {
+    return std::min(5 * factor, area.height() / 11);
+}
+} // namespace
+
+QRectF faceOfTile(const QRectF &area, double factor) {
+    return area.adjusted(1, 1, -1, -1 - riseOfTile(area, factor));
 }
 
 void drawTile(QPainter &painter, const QRectF &area, const QColor &face, const QColor &edge,
               double factor, bool pressed) {
-    const double height = std::min(4 * factor, area.height() / 12);
-    const double radius = std::min(9 * factor, area.width() / 5);
-    QRectF top = area.adjusted(1, 1, -1, -1 - height);
+    const double rise = riseOfTile(area, factor);
+    const double radius = std::min(10 * factor, area.width() / 4.6);
+    const double line = std::max(1.0, 1.2 * factor);
+    QRectF top = faceOfTile(area, factor);
     painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(4, 8, 32, 70)); // its shadow
+    painter.drawRoundedRect(top.adjusted(-line / 2, rise, line / 2, rise * 1.5), radius, radius);
     painter.setBrush(edge);
-    painter.drawRoundedRect(top.translated(0, height), radius, radius);
+    painter.drawRoundedRect(top.translated(0, rise), radius, radius);
     if (pressed) {
-        top.translate(0, height * 0.8);
+        top.translate(0, rise * 0.8);
     }
     QLinearGradient light(top.topLeft(), top.bottomLeft());
-    light.setColorAt(0, face.lighter(106));
-    light.setColorAt(1, face.darker(108));
+    light.setColorAt(0, face.lighter(108));
+    light.setColorAt(0.5, face);
+    light.setColorAt(1, face.darker(107));
     painter.setBrush(light);
-    painter.setPen(QPen(edge, std::max(1.0, factor)));
+    painter.setPen(QPen(edge, line));
     painter.drawRoundedRect(top, radius, radius);
+    // The light catches its upper rim.
+    painter.setBrush(Qt::NoBrush);
+    QLinearGradient rim(top.topLeft(), top.bottomLeft());
+    rim.setColorAt(0, QColor(255, 255, 255, 190));
+    rim.setColorAt(0.5, QColor(255, 255, 255, 0));
+    painter.setPen(QPen(rim, line));
+    painter.drawRoundedRect(top.adjusted(line, line, -line, -line), radius - line, radius - line);
+}
+
+QPainterPath star(QPointF centre, double radius, int points, double waist) {
+    QPolygonF corners;
+    for (int i = 0; i < 2 * points; ++i) {
+        const double angle = std::numbers::pi * i / points - std::numbers::pi / 2;
+        const double r = i % 2 == 0 ? radius : radius * waist;
+        corners << centre + QPointF(std::cos(angle), std::sin(angle)) * r;
+    }
+    QPainterPath path;
+    path.addPolygon(corners);
+    path.closeSubpath();
+    return path;
+}
+
+void drawTick(QPainter &painter, QPointF centre, double radius) {
+    painter.setPen(QPen(shade::emeraldDark, radius * 0.16));
+    painter.setBrush(Qt::white);
+    painter.drawEllipse(centre, radius, radius);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(shade::emerald, radius * 0.42, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.drawPolyline(QPolygonF({centre + QPointF(-radius * 0.5, 0),
+                                    centre + QPointF(-radius * 0.1, radius * 0.42),
+                                    centre + QPointF(radius * 0.52, -radius * 0.4)}));
+}
+
+void drawCross(QPainter &painter, QPointF centre, double radius) {
+    const QPointF corner(radius, radius);
+    painter.setPen(QPen(shade::velvetDark, radius * 0.16));
+    painter.setBrush(shade::coral);
+    painter.drawRoundedRect(QRectF(centre - corner, centre + corner), radius * 0.4, radius * 0.4);
+    painter.setPen(QPen(shade::velvetDark, radius * 0.4, Qt::SolidLine, Qt::RoundCap));
+    const double r = radius * 0.45;
+    painter.drawLine(centre + QPointF(-r, -r), centre + QPointF(r, r));
+    painter.drawLine(centre + QPointF(-r, r), centre + QPointF(r, -r));
 }
 
 QPixmap scaledPicture(const QImage &picture, QSizeF place, double deviceRatio) {

@@ -37,6 +37,12 @@ void drawGoldFrame(QPainter &painter, const QRectF &outer, double thickness);
 // A raised tile; pressed, it lies lower.
 void drawTile(QPainter &painter, const QRectF &area, const QColor &face, const QColor &edge,
               double factor, bool pressed = false);
+// The face of a tile: what lies above its edge.
+QRectF faceOfTile(const QRectF &area, double factor);
+QPainterPath star(QPointF centre, double radius, int points, double waist);
+// A small sign in a disc or in a square: it tells right and wrong without a colour.
+void drawTick(QPainter &painter, QPointF centre, double radius);
+void drawCross(QPainter &painter, QPointF centre, double radius);
 
 // A picture as it fits a place of so many device pixels, its ratio kept.
 QPixmap scaledPicture(const QImage &picture, QSizeF place, double deviceRatio);

@@ -1,10 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/qt/pictureview.h"
 
+#include "platform/qt/drapery.h"
+
 #include <algorithm>
-#include <cmath>
 
 namespace grimoval {
+
+namespace {
+constexpr double frame = 11; // its width, at a factor of 1
+}
 
 PictureView::PictureView(QWidget *parent) : Drawn(parent, QAccessible::Graphic) {}
 
@@ -24,14 +29,20 @@ void PictureView::setFramed(bool framed) {
 }
 
 void PictureView::setCurtain(double part) {
-    if (assign(curtain_, part)) {
-        update();
+    const double before = curtain_;
+    if (!assign(curtain_, part)) {
+        return;
+    }
+    if (part > before && part > 0) {
+        fall_.moveTo(part, 420);
+    } else {
+        fall_.jumpTo(std::max(0.0, part));
     }
 }
 
 QRectF PictureView::inner() const {
-    const double frame = framed_ ? 9 * factor() : 0;
-    return area().adjusted(frame, frame, -frame, -frame);
+    const double width = framed_ ? frame * factor() : 0;
+    return area().adjusted(width, width, -width, -width);
 }
 
 QRectF PictureView::curtain() const {
@@ -58,45 +69,46 @@ void PictureView::draw(QPainter &painter) {
         painter.drawPixmap(target, scaled_, QRectF(scaled_.rect()));
     }
     if (curtain_ >= 0) {
-        drawCurtain(painter, curtain());
+        drawCurtain(painter);
     }
     if (framed_) {
-        drawGoldFrame(painter, area(), 9 * f);
+        drawGoldFrame(painter, area(), frame * f);
     }
     if (hasFocus()) {
         drawFocusRing(painter, area(), 8 * f, f);
     }
 }
 
-void PictureView::drawCurtain(QPainter &painter, const QRectF &place) const {
-    const double f = factor();
-    const double hem = std::clamp(place.height() * 0.5, 1.0, 7 * f);
-    painter.setPen(Qt::NoPen);
-    // Folds: light and shade across, each one a little wider or narrower than its neighbours.
-    constexpr int folds = 9;
-    QLinearGradient drapery(place.topLeft(), place.topRight());
-    for (int fold = 0; fold < folds; ++fold) {
-        const double at = (fold + 0.18 * std::sin(fold * 2.4)) / folds;
-        const double wide = 1.0 / folds;
-        drapery.setColorAt(std::clamp(at, 0.0, 1.0), QColor(0x3a, 0x08, 0x2a));
-        drapery.setColorAt(std::clamp(at + wide * 0.42, 0.0, 1.0), QColor(0x9c, 0x1f, 0x4c));
-        drapery.setColorAt(std::clamp(at + wide * 0.6, 0.0, 1.0), QColor(0x7a, 0x16, 0x42));
-    }
-    drapery.setColorAt(1, QColor(0x3a, 0x08, 0x2a));
-    painter.fillRect(place, drapery);
-    QLinearGradient depth(place.topLeft(), place.bottomLeft());
-    depth.setColorAt(0, QColor(0, 0, 0, 110));
-    depth.setColorAt(0.25, QColor(0, 0, 0, 0));
-    depth.setColorAt(1, QColor(0, 0, 0, 40));
-    painter.fillRect(place, depth);
+double PictureView::edgeFor(double part) const {
+    const double room = inner().height();
+    return part >= 1 ? room + hem() : std::max(1.0, room * part);
+}
 
-    QRectF border = place;
-    border.setTop(place.bottom() - hem);
-    QLinearGradient gold(border.topLeft(), border.bottomLeft());
-    gold.setColorAt(0, shade::goldLight);
-    gold.setColorAt(0.5, shade::gold);
-    gold.setColorAt(1, shade::goldDark);
-    painter.fillRect(border, gold);
+void PictureView::drawCurtain(QPainter &painter) {
+    const QRectF place = inner();
+    const double edge = fall_.isMoving() && curtain_ >= 1 ? fall_.value() * edgeFor(1)
+                                                          : edgeFor(std::min(1.0, fall_.value()));
+    if (drapery_.isNull() || drapery_.devicePixelRatio() != devicePixelRatioF()) {
+        drapery_ = makeDrapery({place.width(), place.height() + hem()}, hem(), devicePixelRatioF());
+    }
+    painter.save();
+    painter.setClipRect(place);
+    if (edge <= hem()) {
+        // Rolled up to a golden line.
+        painter.fillRect(QRectF(place.topLeft(), QSizeF(place.width(), edge)), shade::gold);
+    } else {
+        // The shade that it throws on the picture, then the cloth itself, whole at its lower edge.
+        QLinearGradient shadow(place.left(), place.top() + edge, place.left(),
+                               place.top() + edge + hem());
+        shadow.setColorAt(0, QColor(0, 0, 0, 120));
+        shadow.setColorAt(1, QColor(0, 0, 0, 0));
+        painter.fillRect(
+            QRectF(place.left(), place.top() + edge - hem() * 0.5, place.width(), hem() * 1.5),
+            shadow);
+        const double height = drapery_.deviceIndependentSize().height();
+        painter.drawPixmap(QPointF(place.left(), place.top() + edge - height), drapery_);
+    }
+    painter.restore();
 }
 
 } // namespace grimoval

@@ -73,8 +73,34 @@ void WordView::write(const LabelText &text) {
     if (text == written()) {
         return;
     }
+    const std::vector<Piece> before = std::move(pieces_);
     LabelView::write(text);
     arrange();
+    markFresh(before);
+}
+
+// The tiles that have opened since.
+void WordView::markFresh(const std::vector<Piece> &before) {
+    if (before.size() != pieces_.size()) {
+        return;
+    }
+    bool any = false;
+    for (std::size_t i = 0; i < pieces_.size(); ++i) {
+        // A letter that stands at several places is written place by place: all of them land.
+        const bool opened = before[i].kind == Piece::closed && pieces_[i].kind == Piece::open;
+        pieces_[i].fresh = opened || (before[i].fresh && landing_.isMoving());
+        any = any || opened;
+    }
+    if (any) {
+        landing_.jumpTo(0);
+        landing_.moveTo(1, 260);
+    }
+}
+
+WordView::Mood WordView::mood() const {
+    return written().colour == colours::green ? Mood::won
+           : written().colour == colours::red ? Mood::lost
+                                              : Mood::playing;
 }
 
 void WordView::arrange() {
@@ -104,7 +130,7 @@ void WordView::arrange() {
             best = lines;
         }
     }
-    lay(best, std::min(tile, 64 * factor()), place);
+    lay(best, std::min(tile, 78 * factor()), place);
 }
 
 void WordView::lay(const QStringList &lines, double tile, const QRectF &place) {
@@ -121,7 +147,7 @@ void WordView::lay(const QStringList &lines, double tile, const QRectF &place) {
             const double width = widthOf(character) * tile;
             const double side = kindOf(character) == Piece::plain ? 0 : gap * tile / 2;
             pieces_.push_back({character, QRectF(x + side, y, width - 2 * side, tile * tileHeight),
-                               kindOf(character)});
+                               kindOf(character), false});
             x += width;
         }
         y += line;
@@ -130,46 +156,96 @@ void WordView::lay(const QStringList &lines, double tile, const QRectF &place) {
         QRectF(place.left(), std::min(y, area().bottom() - height - 2), place.width(), height);
 }
 
-void WordView::draw(QPainter &painter) {
+// A strip of parchment between two rollers; won, its edge is a double line of emerald with stars at
+// both ends; lost, a broken line.
+void WordView::drawStrip(QPainter &painter) {
     const double f = factor();
     const QRectF strip = area().adjusted(2 * f, 2 * f, -2 * f, -2 * f);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(4, 8, 32, 90));
+    painter.drawRoundedRect(strip.translated(0, 2 * f), 14 * f, 14 * f);
     QLinearGradient light(strip.topLeft(), strip.bottomLeft());
     light.setColorAt(0, shade::parchmentLight);
-    light.setColorAt(1, shade::parchment);
+    light.setColorAt(0.6, shade::parchment);
+    light.setColorAt(1, QColor(0xec, 0xd9, 0xab));
     painter.setBrush(light);
     painter.setPen(QPen(shade::goldDark, 2 * f));
-    painter.drawRoundedRect(strip, 12 * f, 12 * f);
-
-    const QColor colour = ink(written().colour, Surface::parchment);
-    if (isSentence()) {
-        // On one line, unless that would make it small.
-        const double largest = std::min(area().height() * 0.42, 34 * f);
-        const QString &text = written().text;
-        const bool wraps =
-            fittingPixels(text, inside().size(), largest, true, false) < 0.6 * largest;
-        drawFitted(painter, inside(), text, largest, true, wraps, Qt::AlignCenter, colour);
-        return;
-    }
-    for (const Piece &piece : pieces_) {
-        const double size = piece.place.width();
-        if (piece.kind == Piece::closed) {
-            drawTile(painter, piece.place, QColor(0x2c, 0x44, 0xa8), shade::night, f);
-            const QPointF middle = piece.place.center() - QPointF(0, 2 * f);
-            painter.setPen(Qt::NoPen);
+    painter.drawRoundedRect(strip, 14 * f, 14 * f);
+    const Mood now = isSentence() ? Mood::playing : mood();
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(now == Mood::won    ? QPen(shade::emerald, 3 * f)
+                   : now == Mood::lost ? QPen(shade::coralDark, 2 * f, Qt::DashLine)
+                                       : QPen(QColor(0xa8, 0x74, 0x1a, 130), f));
+    painter.drawRoundedRect(strip.adjusted(5 * f, 5 * f, -5 * f, -5 * f), 10 * f, 10 * f);
+    if (now == Mood::won) {
+        const double r = std::min(11 * f, strip.height() * 0.16);
+        for (const double x : {strip.left() + 5 * f, strip.right() - 5 * f}) {
+            painter.setPen(QPen(shade::goldDark, f));
             painter.setBrush(shade::gold);
-            const double r = size * 0.2;
-            painter.drawPolygon(
-                QPolygonF({middle + QPointF(0, -r * 1.25), middle + QPointF(r, 0),
-                           middle + QPointF(0, r * 1.25), middle + QPointF(-r, 0)}));
-        } else if (piece.kind == Piece::open) {
-            drawTile(painter, piece.place, Qt::white, shade::goldDark, f);
-            drawFitted(painter, piece.place.adjusted(1, 0, -1, -3 * f), QString(piece.character),
-                       size * 0.84, true, false, Qt::AlignCenter, colour);
-        } else if (!piece.character.isSpace()) {
+            painter.drawPath(star({x, strip.center().y()}, r, 5, 0.45));
+        }
+    }
+}
+
+void WordView::drawPiece(QPainter &painter, const Piece &piece, std::size_t index) {
+    const double f = factor(), size = piece.place.width();
+    const QColor colour = ink(written().colour, Surface::parchment);
+    if (piece.kind == Piece::plain) {
+        if (!piece.character.isSpace()) {
             const double tile = piece.place.height() / tileHeight;
             drawFitted(painter, piece.place, QString(piece.character), tile * 0.84, true, false,
                        Qt::AlignCenter, colour);
         }
+        return;
+    }
+    painter.save();
+    const double landing = piece.fresh && landing_.isMoving() ? 1 - landing_.value() : 0;
+    if (landing > 0) {
+        painter.translate(piece.place.center());
+        painter.scale(1 + 0.22 * landing, 1 + 0.22 * landing);
+        painter.translate(-piece.place.center() - QPointF(0, piece.place.height() * 0.1 * landing));
+    } else if (mood() == Mood::lost) {
+        // The tiles of a lost word lie as they fell.
+        painter.translate(piece.place.center());
+        painter.rotate(index % 2 == 0 ? -2.5 : 2.5);
+        painter.translate(-piece.place.center());
+    }
+    if (piece.kind == Piece::closed) {
+        drawTile(painter, piece.place, shade::cover, shade::coverDark, f);
+        const QRectF face = faceOfTile(piece.place, f);
+        const double in = size * 0.1;
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(QColor(0xf2, 0xc1, 0x4e, 170), std::max(1.0, size * 0.025)));
+        painter.drawRoundedRect(face.adjusted(in, in, -in, -in), size * 0.1, size * 0.1);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(shade::gold);
+        painter.drawPath(star(face.center(), size * 0.25, 4, 0.38));
+    } else {
+        const QColor edge = mood() == Mood::won    ? shade::emerald
+                            : mood() == Mood::lost ? shade::coralDark
+                                                   : shade::goldDark;
+        drawTile(painter, piece.place, QColor(0xff, 0xfd, 0xf6), edge, f);
+        drawFitted(painter, faceOfTile(piece.place, f).adjusted(1, 0, -1, 0),
+                   QString(piece.character), size * 0.86, true, false, Qt::AlignCenter, colour);
+    }
+    painter.restore();
+}
+
+void WordView::draw(QPainter &painter) {
+    drawStrip(painter);
+    const double f = factor();
+    if (isSentence()) {
+        // On one line, unless that would make it small.
+        const double largest = std::min(area().height() * 0.42, 36 * f);
+        const QString &text = written().text;
+        const bool wraps =
+            fittingPixels(text, inside().size(), largest, true, false) < 0.6 * largest;
+        drawFitted(painter, inside(), text, largest, true, wraps, Qt::AlignCenter,
+                   ink(written().colour, Surface::parchment));
+        return;
+    }
+    for (std::size_t i = 0; i < pieces_.size(); ++i) {
+        drawPiece(painter, pieces_[i], i);
     }
     if (!comment_.isEmpty()) {
         drawFitted(painter, commentPlace_, comment_, commentPlace_.height() * 0.8, false, false,

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "platform/qt/labelview.h"
+#include "platform/qt/motion.h"
 
 namespace grimoval {
 
@@ -17,7 +18,11 @@ public:
         QChar character;
         QRectF place;
         enum Kind { open, closed, plain } kind;
+        bool fresh; // just found: it lands
     };
+    // What the colour of the word tells, shown by form as well.
+    enum class Mood { playing, won, lost };
+    Mood mood() const;
     const std::vector<Piece> &pieces() const { return pieces_; }
     const QString &comment() const { return comment_; }
     const QRectF &commentPlace() const { return commentPlace_; }
@@ -30,8 +35,12 @@ private:
     bool isSentence() const { return written().points < 15; }
     QRectF inside() const;
     void lay(const QStringList &lines, double tile, const QRectF &place);
+    void markFresh(const std::vector<Piece> &before);
+    void drawStrip(QPainter &painter);
+    void drawPiece(QPainter &painter, const Piece &piece, std::size_t index);
 
     std::vector<Piece> pieces_;
+    Glide landing_{[this] { update(); }};
     QString comment_;
     QRectF commentPlace_;
 };

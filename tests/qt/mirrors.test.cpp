@@ -263,7 +263,9 @@ TEST_F(Mirrors, TheCurtainIsSeenToCoverThePicture) {
         const QImage seen = bench.view<PictureView>(picture)->grab().toImage();
         int count = 0;
         for (int y = 0; y < seen.height(); ++y) {
-            count += seen.pixelColor(seen.width() / 2, y) == Qt::white;
+            // White, or white in the shade of the cloth; no velvet and no gold.
+            const QColor here = seen.pixelColor(seen.width() / 2, y);
+            count += here.saturation() < 20 && here.lightness() > 90;
         }
         return count;
     };
