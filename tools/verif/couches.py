@@ -85,6 +85,8 @@ def verifier(arbre):
                         and not chemin.startswith(VOIENT_LA_BOITE_A_OUTILS)):
                     arbre.faute("boite", chemin, f"<{inclusion[2]}> hors de platform/qt", ligne)
                 continue
+            if inclusion[1] == os.path.basename(chemin).removesuffix(".cpp") + ".moc":
+                continue  # made by the build from this very file
             vise = trouver(arbre, chemin, inclusion[1])
             if vise is None:
                 arbre.faute("introuvable", chemin, f'"{inclusion[1]}" n\'existe pas', ligne)
