@@ -8,9 +8,7 @@ import subprocess
 import sys
 import unittest
 
-sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)),
-                                "..", "..", "tools", "pilote"))
-from pilote import Atspi, Failed, Program, Screen, on_private_bus, wait_for  # noqa: E402,F401
+from pilote import Atspi, Failed, Program, Screen, on_private_bus, wait_for  # noqa: F401
 
 TREE = os.path.abspath(sys.argv[1] if len(sys.argv) > 1 else "build/grimoval")
 GRIMBASES = os.path.join(os.path.dirname(TREE), "grimbases")

@@ -24,8 +24,8 @@ ETAGES = {
     "tests": {"tools", "platform/scripted", "platform/qt", "shell/MAINGRIM", "scores", "bases",
               "game", "shell", "platform"},
 }
-# The viewer of the help is a program of its own, on the toolkit.
-VOIENT_LA_BOITE_A_OUTILS = ("main.cpp", "platform/qt/", "tests/qt/", "tools/aide/")
+# The viewer of the help and the maker of pictures are programs of their own, on the toolkit.
+VOIENT_LA_BOITE_A_OUTILS = ("main.cpp", "platform/qt/", "tests/qt/", "tools/aide/", "tools/vues/")
 BOITE_A_OUTILS = re.compile(r"^(Q[A-Z]\w*(/.*)?|Qt\w*(/.*)?|q\w+\.h|SDL.*)$")
 INCLUSION = re.compile(r'^\s*#\s*include\s*(?:"([^"]+)"|<([^>]+)>)', re.M)
 

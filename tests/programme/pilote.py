@@ -107,9 +107,6 @@ class Screen:
     def type(self, text):
         self.run("xdotool", "type", "--delay", "15", text)
 
-    def picture(self, file):
-        self.run("import", "-window", "root", file)
-
 
 def die_with_parent():
     ctypes.CDLL(None).prctl(1, signal.SIGKILL)  # PR_SET_PDEATHSIG
