@@ -163,9 +163,10 @@ CheckMirror::CheckMirror(FormWindow &window, CheckBox &control) : ViewMirror(win
 
 // A box is never too small for a child's hand: it grows away from its label, from its right edge.
 void CheckMirror::fit() {
-    constexpr int least = 26 * 15; // twips
+    constexpr int least = 26 * 15, room = 5 * 15; // twips; the room is that between box and label
     Place place = subject_.place;
-    const int wider = std::max(0, least - place.width), higher = std::max(0, least - place.height);
+    const int wider = std::max(0, least - place.width) + room,
+              higher = std::max(0, least - place.height);
     place = {place.left - wider, place.top - higher / 2, place.width + wider,
              place.height + higher};
     view_->setFactor(window_.factor());

@@ -66,7 +66,7 @@ std::vector<QStringList> inTwo(const QString &text) {
 
 QRectF WordView::inside() const {
     const double f = factor();
-    return area().adjusted(14 * f, 8 * f, -14 * f, -8 * f);
+    return area().adjusted(23 * f, 8 * f, -23 * f, -8 * f);
 }
 
 void WordView::write(const LabelText &text) {
@@ -178,8 +178,8 @@ void WordView::drawStrip(QPainter &painter) {
                                        : QPen(QColor(0xa8, 0x74, 0x1a, 130), f));
     painter.drawRoundedRect(strip.adjusted(5 * f, 5 * f, -5 * f, -5 * f), 10 * f, 10 * f);
     if (now == Mood::won) {
-        const double r = std::min(11 * f, strip.height() * 0.16);
-        for (const double x : {strip.left() + 5 * f, strip.right() - 5 * f}) {
+        const double r = 11 * f;
+        for (const double x : {strip.left() + r, strip.right() - r}) {
             painter.setPen(QPen(shade::goldDark, f));
             painter.setBrush(shade::gold);
             painter.drawPath(star({x, strip.center().y()}, r, 5, 0.45));
