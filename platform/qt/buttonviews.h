@@ -36,6 +36,8 @@ public:
     const QString &shownFace() const { return isDown() && !down_.isEmpty() ? down_ : face_; }
     // "disponible", "trouvée", "fausse", "au repos".
     static QString meaning(const QString &face);
+    // Found or wrong: it has been proposed.
+    static bool isAnswer(const QString &face);
 
 protected:
     void draw(QPainter &painter) override;

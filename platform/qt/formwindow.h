@@ -7,6 +7,7 @@
 #include "platform/qt/mirror.h"
 #include "platform/qt/palette.h"
 #include "platform/qt/pictures.h"
+#include "platform/qt/speaker.h"
 
 #include <QPixmap>
 #include <QWidget>
@@ -52,6 +53,7 @@ public:
 
     Mirror *mirrorOf(const Control *control) const;
     Pictures &pictures() const { return host_.pictures; }
+    Speaker &speaker() { return *speaker_; }
     Surface surface() const { return surface_; }
     double factor() const { return factor_; }
     // Where a place of the design lies in the window.
@@ -88,6 +90,7 @@ private:
     Host &host_;
     Surface surface_;
     QImage background_;
+    Speaker *speaker_ = new Speaker(this);
     QPixmap painted_; // the background at the window's size
     std::vector<std::unique_ptr<Mirror>> mirrors_;
     std::unordered_map<const Control *, Mirror *> byControl_;

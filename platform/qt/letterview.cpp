@@ -22,6 +22,10 @@ QString LetterView::meaning(const QString &face) {
                                  : QString();
 }
 
+bool LetterView::isAnswer(const QString &face) {
+    return face.endsWith(u".trouvee") || face.endsWith(u".fausse");
+}
+
 void LetterView::draw(QPainter &painter) {
     const double f = factor();
     const QString face = shownFace();

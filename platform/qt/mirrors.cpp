@@ -28,6 +28,24 @@ void LabelMirror::refresh(const PropertyBase * /*property*/) {
     view_->write({toQt(subject_.Caption), subject_.ForeColor, subject_.FontSize, subject_.look,
                   subject_.alignment, subject_.bold, subject_.wraps,
                   subject_.look == Label::Look::player ? toQt(subject_.ToolTipText) : QString()});
+    speak();
+}
+
+void LabelMirror::speak() {
+    const LabelText &now = view_->written();
+    if (now == before_) {
+        return;
+    }
+    before_ = now;
+    if (now.look == Label::Look::word) {
+        const char *outcome = now.colour == colours::green && !now.text.isEmpty()
+                                  ? "Mot trouvé : %1"
+                              : now.colour == colours::red ? "Réponse : %1"
+                                                           : "%1";
+        window_.speaker().say(Speaker::word, QString::fromUtf8(outcome).arg(spokenWord(now.text)));
+    } else if (!now.call.isEmpty() && now.text.endsWith(now.call)) {
+        window_.speaker().say(Speaker::turn, now.text);
+    }
 }
 
 // ---- buttons
@@ -57,10 +75,15 @@ Texte LetterMirror::description() const {
     return fromQt(LetterView::meaning(toQt(face)));
 }
 
-void LetterMirror::refresh(const PropertyBase * /*property*/) {
+void LetterMirror::refresh(const PropertyBase *property) {
     refreshWidget();
-    view_->setFaces(toQt(subject_.Enabled ? subject_.Picture : subject_.DisabledPicture),
-                    toQt(subject_.DownPicture));
+    const QString face = toQt(subject_.Enabled ? subject_.Picture : subject_.DisabledPicture);
+    view_->setFaces(face, toQt(subject_.DownPicture));
+    // A letter that has just been proposed says what it was.
+    if (property == &subject_.Enabled && !subject_.Enabled && LetterView::isAnswer(face)) {
+        window_.speaker().say(Speaker::letter,
+                              toQt(subject_.caption) + u' ' + LetterView::meaning(face));
+    }
 }
 
 // ---- gauge and timer

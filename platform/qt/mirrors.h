@@ -52,6 +52,12 @@ public:
 
 protected:
     Texte name() const override { return subject_.Caption; }
+
+private:
+    // What a screen reader says when the hidden word or the turn has changed.
+    void speak();
+
+    LabelText before_;
 };
 
 class FaceMirror : public ViewMirror<PictureButton, FaceButton> {

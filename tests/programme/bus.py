@@ -3,7 +3,8 @@
 clicks now."""
 import string
 
-from partie import GameTest, main
+from partie import HIDDEN, GameTest, letters, main
+from pilote import Hearing
 
 ALWAYS_THERE = ["Nouvelle partie", "Nouveau mot", "Stopper la partie", "Changer de thème",
                 "Configuration du jeu", "Configuration du son", "Aide", "A propos", "Quitter"]
@@ -90,6 +91,22 @@ class Bus(GameTest):
         program.await_one("push button", "ECRIRE AU SUPPORT TECHNIQUE")
         program.press("OK")
         program.await_one("push button", "Nouvelle partie")
+
+    def test_a_screen_reader_hears_the_word_each_letter_and_the_end(self):
+        with Hearing() as heard:
+            self.start_game("2 Joueurs jouant sur le même mot", ("dupont", "marie"), ("martin", "paul"))
+            word = self.word()
+            heard.await_one(r".*cachées?.*\. MARIE D\. A toi")
+            self.screen.key("z")
+            heard.await_one(r"Z fausse\. PAUL M\. A toi")
+            first, *others = letters(word)
+            self.screen.key(first.lower())
+            heard.await_one(rf"{first} trouvée\. .*{first}.*")
+            for letter in others:
+                self.screen.key(letter.lower())
+            heard.await_one(rf".*Mot trouvé : {word.split(' ')[0]}.*")
+            self.assertNotIn("", heard.said)
+            self.program.await_label(HIDDEN, word)
 
     def test_nothing_under_a_modal_window_takes_clicks(self):
         self.pass_splash()

@@ -199,6 +199,38 @@ class Control:
         return f"{self.role} '{self.name}' ({self.description})"
 
 
+class Hearing:
+    """What a screen reader is told to say of its own accord: notifications that come into view."""
+
+    def __init__(self):
+        self.said = []
+        self.listener = Atspi.EventListener.new(self.note)
+
+    def note(self, event):
+        if event.detail1 and event.source and event.source.get_role_name() == "notification":
+            self.said.append(event.source.get_name())
+
+    def __enter__(self):
+        self.listener.register("object:state-changed:showing")
+        return self
+
+    def __exit__(self, *_):
+        self.listener.deregister("object:state-changed:showing")
+
+    def await_one(self, pattern):
+        """The next thing said that fits; what was said before it is forgotten."""
+        def fits():
+            while GLib.MainContext.default().iteration(False):
+                pass
+            for place, text in enumerate(self.said):
+                if re.fullmatch(pattern, text):
+                    del self.said[:place + 1]
+                    return text
+            return None
+
+        return wait_for(fits, f"« {pattern} » to be said; said was {self.said}")
+
+
 class Program:
     """The program under test, in its own process."""
 

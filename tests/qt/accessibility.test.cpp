@@ -296,5 +296,85 @@ TEST_F(Bus, AColouredKnobTellsTheTextBesideItAndItsColour) {
     EXPECT_EQ(description(knob), "rouge");
 }
 
+struct Speech : Bus {
+    // What the notification has come to say since.
+    std::string next() {
+        bench.settle();
+        bench.settle();
+        QWidget &speaker = bench.window(form)->speaker();
+        const std::string said = speaker.accessibleName().toStdString();
+        speaker.setAccessibleName({});
+        return said;
+    }
+};
+
+TEST_F(Speech, IsANotificationThatComesIntoViewAndGoes) {
+    bench.show(form);
+    Speaker &speaker = bench.window(form)->speaker();
+    QAccessibleInterface *seen = QAccessible::queryAccessibleInterface(&speaker);
+    EXPECT_EQ(seen->role(), QAccessible::Notification);
+    EXPECT_TRUE(seen->state().invisible);
+    speaker.say(Speaker::turn, QStringLiteral("PAUL M. A toi"));
+    speaker.say(Speaker::letter, QStringLiteral("K fausse"));
+    bench.settle();
+    EXPECT_FALSE(seen->state().invisible);
+    EXPECT_EQ(next(), "K fausse. PAUL M. A toi");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return seen->state().invisible; }, 5000));
+}
+
+TEST_F(Speech, TellsTheWordWhatEachLetterDidWhoseTurnItIsAndTheEnd) {
+    Label word(form, "AffMot", 0), player(form, "Rappel", 1);
+    word.look = Label::Look::word;
+    player.look = Label::Look::player;
+    player.ToolTipText = u"A toi";
+    LetterButton letter(form, "VsAlpha", 4), wrong(form, "VsAlpha", 10);
+    letter.caption = u"E";
+    letter.Picture = u"E.libre";
+    letter.DisabledPicture = u"E.trouvee";
+    wrong.caption = u"K";
+    wrong.Picture = u"K.libre";
+    wrong.DisabledPicture = u"K.fausse";
+    bench.show(form);
+    next();
+    word.FontSize = 12;
+    word.Caption = u"Pour commencer";
+    EXPECT_EQ(next(), "Pour commencer");
+    word.FontSize = 15;
+    word.ForeColor = colours::blue;
+    word.Caption = u"É#-## (ICI)";
+    player.Caption = u"MARIE D. A toi";
+    EXPECT_EQ(next(), "É, 1 lettre cachée, tiret, 2 lettres cachées, (ICI). MARIE D. A toi");
+    letter.Enabled = false;
+    word.Caption = u"ÉE-## (ICI)";
+    EXPECT_EQ(next(), "E trouvée. É, E, tiret, 2 lettres cachées, (ICI)");
+    wrong.Enabled = false;
+    EXPECT_EQ(next(), "K fausse");
+    word.Caption = u"ÉE-AB (ICI)";
+    word.ForeColor = colours::green;
+    EXPECT_EQ(next(), "Mot trouvé : ÉE-AB (ICI)");
+    word.ForeColor = colours::red;
+    EXPECT_EQ(next(), "Réponse : ÉE-AB (ICI)");
+    player.Caption = u"MARIE D.";
+    EXPECT_EQ(next(), "") << "the others turn speaks for itself";
+    EXPECT_EQ(next(), "") << "nothing is said twice";
+}
+
+TEST_F(Speech, IsSilentAboutLettersThatGoToRestAndWindowsThatAreNotSeen) {
+    LetterButton letter(form, "VsAlpha", 4);
+    letter.caption = u"E";
+    letter.Picture = u"E.libre";
+    letter.DisabledPicture = u"E.repos";
+    Label word(form, "AffMot", 0);
+    word.look = Label::Look::word;
+    form.load();
+    word.Caption = u"AVANT";
+    EXPECT_EQ(next(), "");
+    bench.show(form);
+    next();
+    letter.Enabled = false;
+    letter.Enabled = true;
+    EXPECT_EQ(next(), "");
+}
+
 } // namespace
 } // namespace grimoval::test

@@ -19,13 +19,14 @@ ETAGES = {
     "platform/scripted": {"platform"},
     "tools": {"platform/scripted", "platform/qt", "shell/MAINGRIM", "scores", "bases", "game",
               "shell", "platform"},
-    "bench": {"tests", "tools", "platform/scripted", "shell/MAINGRIM", "scores", "bases", "game", "shell",
+    "bench": {"tests", "tools", "platform/scripted", "platform/qt", "shell/MAINGRIM", "scores", "bases", "game", "shell",
               "platform"},
     "tests": {"tools", "platform/scripted", "platform/qt", "shell/MAINGRIM", "scores", "bases",
               "game", "shell", "platform"},
 }
 # The viewer of the help and the maker of pictures are programs of their own, on the toolkit.
-VOIENT_LA_BOITE_A_OUTILS = ("main.cpp", "platform/qt/", "tests/qt/", "tools/aide/", "tools/vues/")
+VOIENT_LA_BOITE_A_OUTILS = ("main.cpp", "platform/qt/", "tests/qt/", "tools/aide/", "tools/vues/",
+                            "bench/window.bench.cpp")
 BOITE_A_OUTILS = re.compile(r"^(Q[A-Z]\w*(/.*)?|Qt\w*(/.*)?|q\w+\.h|SDL.*)$")
 INCLUSION = re.compile(r'^\s*#\s*include\s*(?:"([^"]+)"|<([^>]+)>)', re.M)
 
