@@ -150,6 +150,8 @@ Texte upper(std::u16string_view text) {
     return result;
 }
 
+Texte plainCapitals(std::u16string_view text) { return SortText(text).letters; }
+
 Texte fromUtf8(std::string_view bytes) {
     Texte text;
     text.reserve(bytes.size());

@@ -21,6 +21,9 @@ Texte trim(std::u16string_view text);
 char16_t upper(char16_t character);
 Texte upper(std::u16string_view text);
 
+// Capitals without accents, a ligature as its two letters: what a text is looked up by.
+Texte plainCapitals(std::u16string_view text);
+
 // UTF-8 in and out; what is ill-formed becomes U+FFFD, what lies beyond 16 bits too.
 Texte fromUtf8(std::string_view bytes);
 std::string toUtf8(std::u16string_view text);

@@ -84,19 +84,21 @@ html() {
     } | sed 's/’/'"'"'/g' | iconv -f UTF-8 -t WINDOWS-1252
 }
 
+# heading KEY SOURCE: what stands behind "KEY :" at the top of a theme
+heading() { sed -n "s/^$1 : *//p" "$2"; }
+
 catalogue() {
     local assets=$1 file=$2 source stem title picture level words text list="$work/list"
     for source in "$assets"/mots/*.txt; do
         stem=$(basename "$source" .txt)
-        level=$(sed -n 's/^# Niveau : *//p' "$source" | head -n 1 | escape)
-        grep -v '^#' "$source" | grep -v '^[[:space:]]*$' >"$work/lines"
-        title=$(sed -n 1p "$work/lines" | escape)
-        picture=$(sed -n 2p "$work/lines")
-        words=$(($(wc -l <"$work/lines") - 2))
+        level=$(heading Niveau "$source" | escape)
+        title=$(heading Titre "$source" | escape)
+        picture=$(heading Image "$source")
+        words=$(grep -cEv '^(#|(Titre|Image|Niveau|Origine) :|[[:space:]]*$)' "$source")
         [ -n "$title" ] && [ $words -gt 0 ] || die "$source is no theme"
         text=$(printf '<p>%sMots à trouver : <b>%d</b></p>' \
             "${level:+Niveau : <b>$level</b><br>}" $words)
-        if [ "$picture" != - ] && [ -f "$assets/images/themes/$picture.svg" ]; then
+        if [ -n "$picture" ] && [ -f "$assets/images/themes/$picture.svg" ]; then
             rsvg-convert -w 400 -h 300 -f png -o "$work/drawn.png" "$assets/images/themes/$picture.svg" ||
                 die "cannot draw $picture"
             "$CONVERT" "$work/drawn.png" -background '#0b1440' -alpha remove -alpha off -colorspace sRGB -depth 8 \

@@ -46,7 +46,7 @@ class GameTest(unittest.TestCase):
         os.mkdir(sources)
         for stem, title in (("BETES", "Les bêtes"), ("AUTRES", "Autres mots")):
             with open(os.path.join(sources, stem + ".txt"), "w", encoding="utf-8") as file:
-                file.write("\n".join([title, "-", *self.words]) + "\n")
+                file.write("\n".join(["Titre : " + title, *self.words]) + "\n")
         subprocess.run([GRIMBASES, "construire", sources, os.path.join(self.tree, "MASK")],
                        check=True)
         self.program = Program(self.screen, os.path.join(self.tree, "grimoval"))

@@ -43,9 +43,10 @@ struct WordBases : testing::Test {
 
 using Told = std::vector<std::string>;
 
-TEST_F(WordBases, ReadATitleAPictureAndAWordALineWithoutCommentsAndBlankLines) {
+TEST_F(WordBases, ReadHeadingsAndAWordALineWithoutCommentsAndBlankLines) {
     const Theme theme =
-        read("\xEF\xBB\xBF# commentaire\r\n\r\n  Les été \t\r\nplage\r\n\nL'ÉTÉ CHAUD (SAISON)\n"
+        read("\xEF\xBB\xBF# commentaire\r\n\r\n  TITRE: Les été \t\r\nimagé   :  plage\r\n"
+             "Niveau : Moyen\n\norigine : un livre : celui-là\nL'ÉTÉ CHAUD (SAISON : ICI)\n"
              "  PORTE-MANTEAU  2 \n#FIN\nDERNIER",
              u"mer_1.txt");
     EXPECT_EQ(told(problems), Told{});
@@ -53,52 +54,68 @@ TEST_F(WordBases, ReadATitleAPictureAndAWordALineWithoutCommentsAndBlankLines) {
     EXPECT_EQ(toUtf8(theme.titre), "Les été");
     EXPECT_EQ(toUtf8(theme.image), "PLAGE");
     ASSERT_EQ(theme.entrees.size(), 3u);
-    EXPECT_EQ(toUtf8(theme.entrees[0].texte), "L'ÉTÉ CHAUD (SAISON)");
-    EXPECT_EQ(theme.entrees[0].ligne, 6);
+    EXPECT_EQ(toUtf8(theme.entrees[0].texte), "L'ÉTÉ CHAUD (SAISON : ICI)");
+    EXPECT_EQ(theme.entrees[0].ligne, 8);
     EXPECT_EQ(toUtf8(theme.entrees[1].texte), "PORTE-MANTEAU  2");
     EXPECT_EQ(toUtf8(theme.entrees[2].texte), "DERNIER");
-    EXPECT_EQ(theme.entrees[2].ligne, 9);
+    EXPECT_EQ(theme.entrees[2].ligne, 11);
 }
 
-TEST_F(WordBases, ReadADashAsNoPicture) {
-    EXPECT_EQ(read("T\n-\nMOT\n").image, Texte());
+TEST_F(WordBases, ReadAPlainListOfWordsAsAThemeNamedByItsFile) {
+    const Theme theme = read("CHAT\nCHIEN\n", u"mes_mots.txt");
+    EXPECT_EQ(told(problems), Told{});
+    EXPECT_EQ(toUtf8(theme.titre), "Mes mots");
+    EXPECT_EQ(theme.image, Texte());
+    EXPECT_EQ(theme.entrees.size(), 2u);
+    EXPECT_EQ(toUtf8(read("Titre :\nImage :\nMOTS\n").titre), "ESSAI");
     EXPECT_EQ(told(problems), Told{});
 }
 
+TEST_F(WordBases, TellWhatIsWrongWithAHeading) {
+    read("Titer : Faute\nTitre : Un\nTITRE : Deux\nNiveau : dur\nMOTS\nImage : TARD\nA : BCD\n");
+    EXPECT_EQ(told(problems),
+              (Told{"ESSAI.txt:1 Titer : Faute : les en-têtes sont Titre, Image, Niveau et Origine",
+                    "ESSAI.txt:3 TITRE : Deux : cet en-tête est déjà plus haut",
+                    "ESSAI.txt:4 Niveau : dur : le niveau est facile, moyen ou difficile",
+                    "ESSAI.txt:6 Image : TARD : un en-tête se met avant le premier mot"}));
+}
+
 TEST_F(WordBases, TellEveryProblemOfASourceWithItsLine) {
-    read("Titre\nIMAGE\nBONNE\nbonne\nBONNE\nAB\nABCDEFGHIJKLMNOPQRSTUVWXYZABCDE\nŁÓDŹ VILLE\n"
+    read("BONNE\nbonne\nBONNE\nAB\nABCDEFGHIJKLMNOPQRSTUVWXYZABCDE\nŁÓDŹ VILLE\n"
          "MOT (bas permis ici)\nÉTÉS\nTRÈS BON\n");
     EXPECT_EQ(
         told(problems),
-        (Told{"ESSAI.txt:4 bonne : le mot doit être en capitales",
-              "ESSAI.txt:5 BONNE : l'entrée est déjà dans ce thème",
-              "ESSAI.txt:6 AB : il y a moins de 3 lettres à trouver",
-              "ESSAI.txt:7 ABCDEFGHIJKLMNOPQRSTUVWXYZABCDE : l'entrée a plus de 30 caractères",
-              "ESSAI.txt:8 ŁÓDŹ VILLE : un caractère n'existe pas dans les fichiers du jeu",
-              "ESSAI.txt:10 ÉTÉS : il y a moins de 3 lettres à trouver"}));
+        (Told{"ESSAI.txt:2 bonne : le mot doit être en capitales",
+              "ESSAI.txt:3 BONNE : l'entrée est déjà dans ce thème",
+              "ESSAI.txt:4 AB : il y a moins de 3 lettres à trouver",
+              "ESSAI.txt:5 ABCDEFGHIJKLMNOPQRSTUVWXYZABCDE : l'entrée a plus de 30 caractères",
+              "ESSAI.txt:6 ŁÓDŹ VILLE : un caractère n'existe pas dans les fichiers du jeu",
+              "ESSAI.txt:8 ÉTÉS : il y a moins de 3 lettres à trouver"}));
 }
 
 TEST_F(WordBases, TellWhatIsWrongWithASourceAsAWhole) {
     read("");
-    EXPECT_EQ(told(problems),
-              Told{"ESSAI.txt:0 il faut un titre, une image (ou -) et au moins un mot"});
-    read("Titre\nIMAGE\n");
+    EXPECT_EQ(told(problems), Told{"ESSAI.txt:0 il n'y a aucun mot"});
+    read("Titre : Titre\nImage : IMAGE\n");
     EXPECT_EQ(problems.size(), 1u);
-    read("Titre\nIMAGE\nMOTS\n", u"TROPLONGNOM.txt");
+    read("MOTS\n", u"TROPLONGNOM.txt");
     EXPECT_EQ(told(problems), Told{"TROPLONGNOM.txt:0 le nom du fichier doit avoir 1 à 8 lettres "
                                    "sans accent ou chiffres"});
-    read("Titre\nIMAGE\nMOTS\n", u"été.txt");
+    read("MOTS\n", u"été.txt");
     EXPECT_EQ(problems.size(), 1u);
-    read("Un titre qui dépasse trente lettres\nUNEIMAGEDETROP\nMOTS\n");
+    read("Titre : Un titre qui dépasse trente lettres\nImage : UNEIMAGEDETROP\nMOTS\n");
     EXPECT_EQ(told(problems),
-              (Told{"ESSAI.txt:1 le titre a plus de 30 caractères ou un caractère inconnu du jeu",
-                    "ESSAI.txt:2 le nom de l'image doit avoir 1 à 8 lettres sans accent ou "
-                    "chiffres"}));
+              (Told{"ESSAI.txt:1 Titre : Un titre qui dépasse trente lettres : le titre a plus de "
+                    "30 caractères ou un caractère inconnu du jeu",
+                    "ESSAI.txt:2 Image : UNEIMAGEDETROP : le nom de l'image doit avoir 1 à 8 "
+                    "lettres sans accent ou chiffres"}));
 }
 
 TEST_F(WordBases, TakeAnEntryOfExactly30CharactersAndThreeLetters) {
-    read("Titre de trente caractères xxx\nIMAGES88\nABCDEFGHIJKLMNOPQRSTUVWXYZABCD\nA-B 2C\n",
-         u"ABCDEFGH.txt");
+    read(
+        "Titre : Titre de trente caractères xxx\nImage : IMAGES88\nABCDEFGHIJKLMNOPQRSTUVWXYZABCD\n"
+        "A-B 2C\n",
+        u"ABCDEFGH.txt");
     EXPECT_EQ(told(problems), Told{});
 }
 

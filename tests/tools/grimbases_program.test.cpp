@@ -41,8 +41,8 @@ struct Grimbases : testing::Test {
 };
 
 TEST_F(Grimbases, MakesABaseOfEachSourceAndTheList) {
-    source(u"mer.txt", "La mer\n-\nDAUPHIN\nBALEINE\n");
-    source(u"ciel.txt", "Le ciel\nCIEL\nNUAGE\n");
+    source(u"mer.txt", "Titre : La mer\nDAUPHIN\nBALEINE\n");
+    source(u"ciel.txt", "Titre : Le ciel\nImage : CIEL\nNUAGE\n");
     const Answer answer = make();
     EXPECT_EQ(answer.status, 0);
     EXPECT_EQ(answer.output + answer.errors, "");
@@ -55,17 +55,17 @@ TEST_F(Grimbases, MakesABaseOfEachSourceAndTheList) {
 }
 
 TEST_F(Grimbases, WritesNothingWhenASourceIsBadAndTellsTheLine) {
-    source(u"BON.txt", "Bon\n-\nDAUPHIN\n");
-    source(u"MAUVAIS.txt", "Mauvais\n-\nDAUPHIN\ndauphin\n");
+    source(u"BON.txt", "Titre : Bon\nDAUPHIN\n");
+    source(u"MAUVAIS.txt", "Titre : Mauvais\nDAUPHIN\ndauphin\n");
     const Answer answer = make();
     EXPECT_EQ(answer.status, 1);
-    EXPECT_EQ(answer.errors, "MAUVAIS.txt:4 : dauphin : le mot doit être en capitales\n");
+    EXPECT_EQ(answer.errors, "MAUVAIS.txt:3 : dauphin : le mot doit être en capitales\n");
     EXPECT_EQ(made(), std::vector<std::string>{});
 }
 
 TEST_F(Grimbases, RefusesTwoSourcesOfOneName) {
-    source(u"mer.txt", "Un\n-\nDAUPHIN\n");
-    source(u"MER.txt", "Deux\n-\nBALEINE\n");
+    source(u"mer.txt", "DAUPHIN\n");
+    source(u"MER.txt", "BALEINE\n");
     const Answer answer = make();
     EXPECT_EQ(answer.status, 1);
     EXPECT_NE(answer.errors.find("un autre fichier porte déjà ce nom"), std::string::npos);
@@ -89,7 +89,7 @@ TEST_F(Grimbases, TellsTheProblemsOfAFolderAndAnswersByItsStatus) {
 }
 
 TEST_F(Grimbases, TellsAFailureOfTheDiskByItsNumber) {
-    source(u"mer.txt", "Un\n-\nDAUPHIN\n");
+    source(u"mer.txt", "DAUPHIN\n");
     const Answer answer =
         run("construire " + folder.bytePath(u"sources") + " " + folder.bytePath(u"absent"));
     EXPECT_EQ(answer.status, 1);

@@ -20,8 +20,10 @@ constexpr const char *aide =
     "      dit tout ce que le jeu refuserait, et pourquoi\n"
     "  grimbases lister DOSSIER_MASK\n"
     "      montre les thèmes et leurs mots\n"
-    "Une source est un texte en UTF-8 : le titre, le nom de l'image (ou -), puis un mot par "
-    "ligne.\n"
+    "Une source est un texte en UTF-8 : un mot par ligne, et avant le premier, si l'on veut,\n"
+    "  Titre : Les animaux\n"
+    "  Image : NOM\n"
+    "  Niveau : facile, moyen ou difficile\n"
     "Les lignes vides et celles qui commencent par # ne comptent pas.\n";
 
 int dire(const std::vector<Probleme> &problemes) {

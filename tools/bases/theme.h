@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The source of a theme: a text in UTF-8. Blank lines and lines that begin with '#' are left out;
-// of the others the first is the title, the second the stem of the picture ("-" for none), and each
-// further one is an entry. The stem of the file's name becomes that of the base file.
+// The source of a theme: a text in UTF-8. Headings stand at its top, each "Clé : valeur" (Titre,
+// Image, Niveau, Origine, all of them optional), then one entry a line. Blank lines and lines that
+// begin with '#' are left out. The stem of the file's name becomes that of the base file, and the
+// title where none is given.
 #pragma once
 
 #include "bases/TYPEGRIM.h"
