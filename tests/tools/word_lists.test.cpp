@@ -28,11 +28,15 @@ TEST_F(WordLists, HaveNoProblem) {
     }
 }
 
-TEST_F(WordLists, AreAtLeastSixThemesOfFortyWords) {
-    EXPECT_GE(themes.size(), 6u);
+TEST_F(WordLists, AreAtLeast32ThemesOf60To120WordsAnd2100WordsInAll) {
+    EXPECT_GE(themes.size(), 32u);
+    std::size_t words = 0;
     for (const outils::Theme &theme : themes) {
-        EXPECT_GE(theme.entrees.size(), 40u) << toUtf8(theme.titre);
+        EXPECT_GE(theme.entrees.size(), 60u) << toUtf8(theme.titre);
+        EXPECT_LE(theme.entrees.size(), 120u) << toUtf8(theme.titre);
+        words += theme.entrees.size();
     }
+    EXPECT_GE(words, 2100u);
 }
 
 TEST_F(WordLists, HoldNoEntryBeyond30CharactersAndNoneTwiceInATheme) {
@@ -55,7 +59,7 @@ TEST_F(WordLists, BearTitlesAndFilesOfTheirOwn) {
 
 TEST_F(WordLists, HaveAPictureEachAndThereAreThreeDefaultOnesAtLeast) {
     for (const outils::Theme &theme : themes) {
-        ASSERT_FALSE(theme.image.empty()) << toUtf8(theme.titre);
+        EXPECT_EQ(theme.image, theme.fichier) << toUtf8(theme.titre);
         EXPECT_TRUE(files.exists(assets + u"images/themes/" + theme.image + u".svg"))
             << toUtf8(theme.image);
     }

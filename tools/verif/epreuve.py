@@ -35,6 +35,23 @@ def remplacer(chemin, ancien, nouveau):
     return chemin, planter
 
 
+def couper(chemin, lignes):
+    """Leaves the first lines of each file that the path, of a file or a folder, stands for."""
+    def planter(racine):
+        cible = os.path.join(racine, chemin)
+        noms = [os.path.join(cible, n) for n in os.listdir(cible)] if os.path.isdir(cible) else [cible]
+        for nom in noms:
+            with open(nom, encoding="utf-8") as fichier:
+                debut = fichier.readlines()[:lignes]
+            with open(nom, "w", encoding="utf-8") as fichier:
+                fichier.writelines(debut)
+    return chemin, planter
+
+
+def retirer(chemin):
+    return chemin, lambda racine: os.remove(os.path.join(racine, chemin))
+
+
 # What checks it, the rule that must speak, the mistake.
 FAUTES = [
     ("couches", "etage", ajouter("platform/text.h", '#include "shell/Globales.h"\n')),
@@ -66,6 +83,42 @@ FAUTES = [
     ("textes", "lien", ajouter("README.md", "[ici](docs/rien.md)\n")),
     ("textes", "essai", ajouter("docs/behaviour.md", "`Letter.CostsNothingAtAllEver`\n")),
     ("textes", "lien", ajouter("docs/behaviour.md", "`tests/game/rien.test.cpp`\n")),
+    ("mots", "entete", remplacer("assets/mots/MER.txt", "Origine :", "# Origine :")),
+    ("mots", "entete", remplacer("assets/mots/MER.txt", "Niveau :", "Nivau :")),
+    ("mots", "entete", remplacer("assets/mots/MER.txt", "Niveau :", "Titre : Les mers\nNiveau :")),
+    ("mots", "titre", remplacer("assets/mots/MER.txt", "Animaux de la mer", "Animaux de la forêt")),
+    ("mots", "titre",
+     remplacer("assets/mots/MER.txt", "de la mer", "qui vivent tous dans la mer")),
+    ("mots", "image", remplacer("assets/mots/MER.txt", "Image : MER", "Image : FORET")),
+    ("mots", "niveau", remplacer("assets/mots/MER.txt", "moyen", "normal")),
+    ("mots", "niveau", remplacer("assets/mots/LONGS.txt", "Niveau : difficile", "Niveau : facile")),
+    ("mots", "forme", ajouter("assets/mots/MER.txt", "RAIE (poisson\n")),
+    ("mots", "forme", ajouter("assets/mots/MER.txt", "RAIE(poisson)\n")),
+    ("mots", "forme", ajouter("assets/mots/MER.txt", "RAIE  MANTA\n")),
+    ("mots", "largeur", ajouter("assets/mots/MER.txt", "RAIE (ce poisson est plat et rond)\n")),
+    ("mots", "capitales", ajouter("assets/mots/MER.txt", "Raie\n")),
+    ("mots", "lettres", ajouter("assets/mots/MER.txt", "ÎLE (petite terre)\n")),
+    ("mots", "double", ajouter("assets/mots/MER.txt", "PHOQUE (animal)\n")),
+    ("mots", "page", ajouter("assets/mots/MER.txt", "RAIE (plate → ronde)\n")),
+    ("mots", "indice", ajouter("assets/mots/MER.txt", "RAIE (POISSON)\n")),
+    ("mots", "indice", ajouter("assets/mots/MER.txt", "COQUILLE (coquillage)\n")),
+    ("mots", "longueurs", ajouter("assets/mots/FACILE1.txt", "MAISONS\n")),
+    ("mots", "longueurs", ajouter("assets/mots/LONGS.txt", "DROMADAIRE\n")),
+    ("mots", "moyenne", ajouter("assets/mots/FACILE2.txt", "MAISON\n" * 40)),
+    ("mots", "moyenne", ajouter("assets/mots/SCIENCES.txt", "ATOME\n" * 40)),
+    ("mots", "nombre", couper("assets/mots/MER.txt", 40)),
+    ("mots", "nombre", ajouter("assets/mots/MER.txt", "RAIE\n" * 60)),
+    ("mots", "total", couper("assets/mots", 40)),
+    ("mots", "themes", retirer("assets/mots/MER.txt")),
+    ("mots", "absent", retirer("assets/mots/FACILE1.txt")),
+    ("mots", "orthographe", ajouter("assets/mots/MER.txt", "MÉROUT\n")),
+    ("mots", "orthographe", ajouter("assets/mots/MER.txt", "ELEPHANT DE MER\n")),
+    ("mots", "orthographe", ajouter("assets/mots/MER.txt", "COEUR DE MER\n")),
+    ("mots", "orthographe", ajouter("assets/mots/MER.txt", "POISSON-VOLANT\n")),
+    ("mots", "orthographe", ajouter("assets/mots/MER.txt", "RAIE (poisson d'égypte)\n")),
+    ("mots", "orthographe", remplacer("assets/mots/MER.txt", "Animaux", "Animeaux")),
+    ("mots", "exception", ajouter("assets/mots/exceptions.lst", "mérout : un poisson\n")),
+    ("mots", "exception", remplacer("assets/mots/exceptions.lst", " : dune d'Aquitaine", "")),
 ]
 
 
@@ -73,6 +126,17 @@ def lancer(verification, racine):
     commande = [sys.executable, "-B", os.path.join(ICI, verification + ".py"), racine]
     fin = subprocess.run(commande, capture_output=True, text=True, check=False)
     return fin.returncode, fin.stdout + fin.stderr
+
+
+def copier(cible, ailleurs):
+    (shutil.copytree if os.path.isdir(cible) else shutil.copy)(cible, ailleurs)
+
+
+def oter(cible):
+    if os.path.isdir(cible):
+        shutil.rmtree(cible)
+    elif os.path.exists(cible):
+        os.remove(cible)
 
 
 def main():
@@ -85,10 +149,10 @@ def main():
         avant = {v: lancer(v, copie)[1] for v in {faute[0] for faute in FAUTES}}
         for verification, regle, (chemin, planter) in FAUTES:
             cible = os.path.join(copie, chemin)
-            ancien = None
-            if os.path.exists(cible):
-                with open(cible, "rb") as fichier:
-                    ancien = fichier.read()
+            ancien = os.path.join(travail, "ancien")
+            la = os.path.exists(cible)
+            if la:
+                copier(cible, ancien)
             planter(copie)
             statut, sortie = lancer(verification, copie)
             nouveau = set(sortie.splitlines()) - set(avant[verification].splitlines())
@@ -96,11 +160,9 @@ def main():
                 print(f"{verification}.py ne voit pas la faute [{regle}] plantée dans {chemin} :")
                 print(sortie)
                 rates += 1
-            if ancien is None:
-                os.remove(cible)
-            else:
-                with open(cible, "wb") as fichier:
-                    fichier.write(ancien)
+            oter(cible)
+            if la:
+                os.replace(ancien, cible)
     print(f"{len(FAUTES) - rates} fautes vues sur {len(FAUTES)} plantées")
     return 1 if rates else 0
 
