@@ -21,6 +21,16 @@
 
 namespace grimoval {
 
+namespace {
+
+// The folder of the running program itself, whatever link it was started by.
+std::string programFolder() {
+    const QFileInfo program(QCoreApplication::applicationFilePath());
+    return QFileInfo(program.canonicalFilePath()).absolutePath().toStdString();
+}
+
+} // namespace
+
 DateTime QtClock::now() {
     const QDateTime now = QDateTime::currentDateTime();
     const QDate date = now.date();
@@ -65,10 +75,8 @@ void QtDocuments::showHelp(const Texte &path, const Texte &keyword) {
         if (!QFileInfo(file).isFile()) {
             return;
         }
-        const QFileInfo program(QCoreApplication::applicationFilePath());
         QProcess viewer;
-        viewer.setProgram(QFileInfo(program.canonicalFilePath()).absolutePath() +
-                          QStringLiteral("/grimoval-aide"));
+        viewer.setProgram(QString::fromStdString(helpViewerFor(programFolder())));
         viewer.setArguments({file, toQt(keyword)});
         viewer.setStandardInputFile(QProcess::nullDevice());
         viewer.setStandardOutputFile(QProcess::nullDevice());
@@ -77,6 +85,16 @@ void QtDocuments::showHelp(const Texte &path, const Texte &keyword) {
     } catch (const Failure &) {
         // Help that cannot be found is not shown.
     }
+}
+
+// Beside the game, or where an installed tree keeps what no person starts.
+std::string QtDocuments::helpViewerFor(const std::string &programFolder) {
+    const std::string own = programFolder + "/grimoval-aide";
+    const QFileInfo installed(
+        QString::fromStdString(programFolder + "/../libexec/grimoval/grimoval-aide"));
+    return QFileInfo::exists(QString::fromStdString(own)) || !installed.isFile()
+               ? own
+               : installed.canonicalFilePath().toStdString();
 }
 
 QtApplication::~QtApplication() {
@@ -119,11 +137,7 @@ std::string QtApplication::dataFolderFor(const std::string &programFolder) {
     return shared.isDir() ? shared.canonicalFilePath().toStdString() : programFolder;
 }
 
-Texte QtApplication::path() {
-    const QFileInfo program(QCoreApplication::applicationFilePath());
-    return fromUtf8(
-        dataFolderFor(QFileInfo(program.canonicalFilePath()).absolutePath().toStdString()));
-}
+Texte QtApplication::path() { return fromUtf8(dataFolderFor(programFolder())); }
 
 std::optional<Texte> QtApplication::userDataFolder() {
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);

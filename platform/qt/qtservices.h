@@ -31,6 +31,9 @@ public:
     void showHelp(const Texte &path, const Texte &keyword) override;
     void writeMail(const Texte &address) override;
 
+    // The viewer of the help for a program in this folder.
+    static std::string helpViewerFor(const std::string &programFolder);
+
 private:
     Files &files_;
 };

@@ -4,14 +4,29 @@
 #include "platform/qt/accessibility.h"
 #include "platform/qt/messagebox.h"
 #include "platform/qt/nativeviews.h"
+#include "platform/qt/painting.h"
 
 #include <QApplication>
 #include <QEventLoop>
+#include <QIcon>
 #include <QScreen>
 
 #include <algorithm>
 
 namespace grimoval {
+
+namespace {
+
+// What task bars and lists of windows show; small ones are drawn from small ones.
+QIcon iconOf(const QImage &picture) {
+    QIcon icon;
+    for (const int side : {32, 64, 128}) {
+        icon.addPixmap(scaledPicture(picture, QSizeF(side, side), 1));
+    }
+    return icon;
+}
+
+} // namespace
 
 QtWindows::QtWindows(Files &files, const Texte &dataFolder)
     : guard_([this](const Message &report) { message(report); }),
@@ -32,6 +47,8 @@ QtWindows::QtWindows(Files &files, const Texte &dataFolder)
         }
     });
     dressApplication(host_.factor);
+    QGuiApplication::setDesktopFileName(QStringLiteral("grimoval")); // its entry in the menus
+    QGuiApplication::setWindowIcon(iconOf(pictures_.design("logo")));
     installAccessibility();
 }
 

@@ -115,6 +115,23 @@ TEST(Services, TheDataLieBesideTheProgramOrInTheSharedFolderOfAnInstalledTree) {
     EXPECT_NE(application.path().back(), separator);
 }
 
+TEST(Services, TheHelpViewerLiesBesideTheProgramOrInTheLibexecFolderOfAnInstalledTree) {
+    TemporaryFolder folder;
+    folder.makeFolder(u"a/games");
+    folder.makeFolder(u"a/libexec/grimoval");
+    const auto viewerOf = [&](const Texte &name) {
+        return QtDocuments::helpViewerFor(folder.bytePath(name));
+    };
+    EXPECT_EQ(viewerOf(u"a/games"), folder.bytePath(u"a/games/grimoval-aide"));
+    folder.write(u"a/libexec/grimoval/grimoval-aide", "");
+    EXPECT_EQ(
+        QString::fromStdString(viewerOf(u"a/games")),
+        QFileInfo(QString::fromStdString(folder.bytePath(u"a/libexec/grimoval/grimoval-aide")))
+            .canonicalFilePath());
+    folder.write(u"a/games/grimoval-aide", "");
+    EXPECT_EQ(viewerOf(u"a/games"), folder.bytePath(u"a/games/grimoval-aide"));
+}
+
 TEST(Services, TheUsersFolderIsTheSystemsOwn) {
     const QByteArray before = qgetenv("XDG_DATA_HOME");
     qputenv("XDG_DATA_HOME", "/ailleurs/données d'Élodie");

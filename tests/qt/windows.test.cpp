@@ -3,6 +3,7 @@
 
 #include <QDialog>
 #include <QExposeEvent>
+#include <QIcon>
 #include <QPointer>
 #include <QScreen>
 #include <QWindow>
@@ -20,6 +21,19 @@ TEST_F(Windows, TheScreenIsTold15TwipsAPixel) {
     const QSize size = QGuiApplication::primaryScreen()->geometry().size();
     EXPECT_EQ(bench.screen.Width(), size.width() * 15);
     EXPECT_EQ(bench.screen.Height(), size.height() * 15);
+}
+
+TEST_F(Windows, TheDesktopKnowsThemByTheMenuEntryAndTheLogo) {
+    EXPECT_EQ(QGuiApplication::desktopFileName(), QStringLiteral("grimoval"));
+    EXPECT_TRUE(QGuiApplication::windowIcon().isNull()); // no picture, no icon
+    bench.folder.makeFolder(u"IMAGES");
+    QImage logo(512, 512, QImage::Format_ARGB32);
+    logo.fill(Qt::red);
+    ASSERT_TRUE(logo.save(QString::fromStdString(bench.folder.bytePath(u"IMAGES/logo.png"))));
+    const QtWindows windows(bench.files, bench.folder.path());
+    const QIcon icon = QGuiApplication::windowIcon();
+    EXPECT_EQ(icon.availableSizes(), (QList<QSize>{{32, 32}, {64, 64}, {128, 128}}));
+    EXPECT_EQ(icon.pixmap(32, 32).toImage().pixelColor(16, 16), QColor(Qt::red));
 }
 
 TEST_F(Windows, OneFactorFillsMostOfTheScreenAndIsNeverBelow1OnAnUsualOne) {

@@ -11,6 +11,7 @@
 #include <QApplication>
 #include <QFile>
 #include <QFileInfo>
+#include <QIcon>
 
 #include <cstdio>
 
@@ -31,6 +32,7 @@ std::optional<grimoval::HelpFile> read(const QString &path) {
 int main(int count, char **arguments) {
     QApplication toolkit(count, arguments);
     QApplication::setApplicationName(QStringLiteral("grimoval-aide"));
+    QApplication::setDesktopFileName(QStringLiteral("grimoval")); // of the game that opened it
     const QStringList words = QApplication::arguments();
     const QString path = words.size() > 1 ? QFileInfo(words[1]).canonicalFilePath() : QString();
     const QString keyword = words.size() > 2 ? words[2] : QStringLiteral("index");
@@ -44,7 +46,9 @@ int main(int count, char **arguments) {
     if (!alone.take(keyword)) {
         return 0;
     }
-    grimoval::HelpWindow window(std::move(*help), QFileInfo(path).absolutePath());
+    const QString folder = QFileInfo(path).absolutePath();
+    QApplication::setWindowIcon(QIcon(folder + QStringLiteral("/IMAGES/logo.png")));
+    grimoval::HelpWindow window(std::move(*help), folder);
     alone.asked = [&window](const QString &wanted) {
         window.ask(wanted);
         window.comeToFront();
