@@ -2,7 +2,8 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # Le Grimoval: makes the help file and the catalogue of the themes.
 #
-#   tools/aide.sh aide ASSETS FILE        pages of ASSETS/aide, pictures of ASSETS/images -> FILE
+#   tools/aide.sh aide ASSETS FILE VIEWS  pages of ASSETS/aide, pictures of ASSETS/images, and of the
+#                                         windows in VIEWS -> FILE; vue_NAME.png of a page is NAME.png
 #   tools/aide.sh catalogue ASSETS FILE   themes of ASSETS/mots and their pictures -> FILE, a compiled
 #                                         help file (needs chmcmd, of Free Pascal)
 #
@@ -39,7 +40,7 @@ names() {
 }
 
 aide() {
-    local assets=$1 file=$2 page name title link drawing
+    local assets=$1 file=$2 views=$3 page name title link drawing colours
     [ -f "$assets/aide/index.html" ] || die "no index page in $assets/aide"
     for page in "$assets"/aide/*.html; do
         [[ $(basename "$page") =~ ^[a-z0-9_]+\.html$ ]] || die "$page: only small letters, digits and _ in a name"
@@ -58,12 +59,22 @@ aide() {
             part PAGE "$(basename "$page" .html)" "$work/page.html" "$title"
         done
         for name in $(names src "$assets"/aide/*.html); do
-            drawing=$assets/images/faces/${name%.png}.svg
-            [ -f "$drawing" ] || drawing=$assets/images/${name%.png}.svg
-            [ -f "$drawing" ] || die "no drawing for the picture $name"
-            rsvg-convert -w 128 -h 128 -f png -o "$work/drawn.png" "$drawing" || die "cannot draw $drawing"
-            "$CONVERT" "$work/drawn.png" -strip -depth 8 -define png:exclude-chunks=date,time,tEXt,zTXt,iTXt \
-                -define png:compression-level=9 "PNG:$work/picture.png" || die "cannot make $name"
+            if [[ $name == vue_* ]]; then
+                drawing=$views/${name#vue_}
+                [ -f "$drawing" ] || die "no view for the picture $name"
+                cp "$drawing" "$work/drawn.png"
+                colours='+dither -colors 256'
+            else
+                drawing=$assets/images/faces/${name%.png}.svg
+                [ -f "$drawing" ] || drawing=$assets/images/${name%.png}.svg
+                [ -f "$drawing" ] || die "no drawing for the picture $name"
+                rsvg-convert -w 128 -h 128 -f png -o "$work/drawn.png" "$drawing" || die "cannot draw $drawing"
+                colours=''
+            fi
+            # shellcheck disable=SC2086
+            "$CONVERT" "$work/drawn.png" $colours -strip -depth 8 \
+                -define png:exclude-chunks=date,time,tEXt,zTXt,iTXt -define png:compression-level=9 \
+                "PNG:$work/picture.png" || die "cannot make $name"
             part IMAGE "$name" "$work/picture.png"
         done
         echo END
@@ -162,13 +173,13 @@ catalogue() {
 # Four bytes at a place of what was made.
 zero() { printf '\0\0\0\0' | dd of="$work/made" bs=1 seek="$1" conv=notrunc status=none; }
 
-[ $# -eq 3 ] || die "usage: aide.sh aide|catalogue ASSETS FILE"
+[ $# -eq 3 ] || [ "$1 $#" = 'aide 4' ] || die "usage: aide.sh aide|catalogue ASSETS FILE [VIEWS]"
 work=$(mktemp -d "${TMPDIR:-/tmp}/aide.XXXXXX") || die "no room for a temporary folder"
 trap 'rm -rf "$work"' EXIT
 command -v rsvg-convert >/dev/null 2>&1 || die "rsvg-convert is missing (package librsvg2-bin)"
 CONVERT=$(find_tool convert-im6.q16 /usr/bin/convert magick) || die "ImageMagick is missing (package imagemagick)"
 case $1 in
-    aide) aide "$2" "$3" ;;
+    aide) aide "$2" "$3" "${4:?the folder of the views}" ;;
     catalogue)
         CHMCMD=$(find_tool chmcmd chmcmd-3.2.2) || die "chmcmd is missing (package fp-utils-3.2.2)"
         catalogue "$2" "$3" ;;

@@ -12,8 +12,8 @@ export LC_ALL=C
 
 vues=$1 data=$2 folder=$3
 shift 3
-script=$(dirname "$0")/vues/vues.script
-coloured=lettre-survolee # letters found and wrong, the curtain, a lit button
+scripts=$(dirname "$0")/vues
+coloured=lettre_survolee # letters found and wrong, the curtain, a lit button
 blind='protanopie:0.152286,1.052583,-0.204868,0.114503,0.786281,0.099216,-0.003882,-0.048116,1.051998
 deuteranopie:0.367322,0.860646,-0.227968,0.280085,0.672501,0.047413,-0.011820,0.042940,0.968881
 tritanopie:1.255528,-0.076749,-0.178779,-0.078411,0.930809,0.147602,0.004733,0.691367,0.303900'
@@ -23,7 +23,7 @@ for size; do
     mkdir -p "$folder/$size"
     ratio=1
     [[ $size != *@* ]] || ratio=${size#*@}
-    "$vues" "$data" "$folder/$size" "${size%@*}" "$ratio" <"$script" >"$folder/vues.txt"
+    "$vues" "$data" "$folder/$size" "${size%@*}" "$ratio" "$scripts"/{vues,aide}.script
 done
 
 convert=$(command -v convert-im6.q16 || command -v convert)
@@ -48,7 +48,7 @@ FIN
             figure "$size/$name.png" "$size"
         done
         printf '</div>\n'
-    done <"$folder/vues.txt"
+    done <"$folder/$1/vues.txt"
     printf '<h2>Une vue pour des yeux qui distinguent mal les couleurs</h2>\n<div>\n'
     while IFS=: read -r kind matrix; do
         "$convert" "$folder/$1/$coloured.png" -colorspace RGB -color-matrix "${matrix//,/ }" -colorspace sRGB \
@@ -57,4 +57,3 @@ FIN
     done <<<"$blind"
     printf '</div>\n</body></html>\n'
 } >"$folder/index.html"
-rm "$folder/vues.txt"

@@ -254,6 +254,8 @@ void FormWindow::paintEvent(QPaintEvent * /*event*/) {
     if (painted_.isNull() || painted_.size() != size() * devicePixelRatioF()) {
         painted_ = QPixmap(size() * devicePixelRatioF());
         painted_.setDevicePixelRatio(devicePixelRatioF());
+        // A ratio that is no whole number leaves parts of pixels at seams and edges.
+        painted_.fill(surface_ == Surface::parchment ? shade::parchment : shade::night);
         QPainter once(&painted_);
         once.setRenderHint(QPainter::Antialiasing);
         drawBackground(once, QRectF(rect()), background_, surface_, factor_);

@@ -88,7 +88,6 @@ MessageBox::MessageBox(const Message &message, QWidget *over, double factor)
     };
     setWindowTitle(toQt(message.title.empty() ? Application::title : message.title));
     setWindowModality(Qt::ApplicationModal);
-    setAttribute(Qt::WA_OpaquePaintEvent);
 
     auto *icon = new IconView(this, message.icon);
     icon->setFixedSize(px(64), px(64));

@@ -22,6 +22,7 @@ namespace {
 
 const QString scheme = QStringLiteral("aide");
 const QString index = QStringLiteral("index");
+constexpr int widestSign = 128; // pixels in the file
 
 // As the game does: its window is 580 units high and takes most of the screen.
 double factorOf(const QScreen *screen) {
@@ -72,7 +73,8 @@ QString pageSheet(double factor) {
 } // namespace
 
 HelpText::HelpText(HelpFile help, double factor, QWidget *parent)
-    : QTextBrowser(parent), help_(std::move(help)), picture_(static_cast<int>(52 * factor)) {
+    : QTextBrowser(parent), help_(std::move(help)), sign_(static_cast<int>(52 * factor)),
+      view_(static_cast<int>(440 * factor)) {
     setOpenExternalLinks(false);
     setUndoRedoEnabled(false);
     setFrameShape(QFrame::NoFrame);
@@ -121,12 +123,13 @@ QVariant HelpText::loadResource(int type, const QUrl &name) {
     if (!size.isValid() || size.width() > 1024 || size.height() > 1024) {
         return {};
     }
-    const QImage image = reader.read();
+    const QImage image = reader.read().convertToFormat(QImage::Format_ARGB32_Premultiplied);
     if (image.isNull()) {
         return {};
     }
-    QImage fitting = image.scaled(QSize(picture_, picture_) * devicePixelRatio(),
-                                  Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    const int width = image.width() <= widestSign ? sign_ : view_;
+    QImage fitting = image.scaled(QSize(width, width) * devicePixelRatio(), Qt::KeepAspectRatio,
+                                  Qt::SmoothTransformation);
     fitting.setDevicePixelRatio(devicePixelRatio());
     return fitting;
 }

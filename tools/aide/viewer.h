@@ -28,7 +28,7 @@ private:
     std::string pageOf(const QUrl &name) const;
 
     HelpFile help_;
-    int picture_; // the side of a picture
+    int sign_, view_; // the width of a button in the text, and of a picture of a window
 };
 
 class HelpWindow : public QWidget {

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Pictures of the windows of the game on a screen of any size:
 //
-//   vues DATA PICTURES WIDTHxHEIGHT [RATIO] <tools/vues/vues.script
+//   vues DATA PICTURES WIDTHxHEIGHT RATIO SCRIPT...
 //
-// The pixels of the pictures are those of the screen; RATIO says how many of them, a side, are one
-// pixel of the program. Needs no display. Tells each picture on standard output.
+// DATA is the game's folder, which stays as it is; the scripts are those of tools/vues/. The pixels
+// of the pictures are those of the screen; RATIO says how many of them, a side, are one pixel of
+// the program. PICTURES/vues.txt tells of each picture, one a line: its name, a tabulator, its
+// caption. Needs no display.
 #include "tools/vues/views.h"
 
 #include <QApplication>
@@ -12,6 +14,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include <fstream>
 #include <iostream>
 #include <regex>
 
@@ -45,11 +48,11 @@ int main(int count, char **arguments) {
     using namespace grimoval;
     std::cmatch size;
     const bool good =
-        (count == 4 || count == 5) &&
+        count >= 6 &&
         std::regex_match(arguments[3], size, std::regex("([1-9][0-9]{2,4})x([1-9][0-9]{2,4})"));
-    const double ratio = count == 5 ? numericValue(fromUtf8(arguments[4])).value_or(0) : 1;
-    if (!good || ratio < 0.5 || ratio > 4) {
-        return mistake("vues DONNEES IMAGES LARGEURxHAUTEUR [RAPPORT] <SCRIPT");
+    const double ratio = good ? numericValue(fromUtf8(arguments[4])).value_or(0) : 0;
+    if (ratio < 0.5 || ratio > 4) {
+        return mistake("vues DONNEES IMAGES LARGEURxHAUTEUR RAPPORT SCRIPT...");
     }
     const QTemporaryDir folder; // nothing of the person's own is read or written
     if (!folder.isValid() ||
@@ -67,13 +70,19 @@ int main(int count, char **arguments) {
     QApplication::setCursorFlashTime(0); // the mark in a text field stands still
 
     const QString pictures = QFile::decodeName(arguments[2]);
-    if (!QDir().mkpath(pictures)) {
-        return mistake("pas de dossier " + pictures.toStdString());
-    }
-    try {
-        vues::Views(QFile::decodeName(arguments[1]), pictures, std::cin, std::cout).run();
-    } catch (const vues::Mistake &found) {
-        return mistake("ligne " + std::to_string(found.line) + " : " + found.reason);
+    QDir().mkpath(pictures);
+    std::ofstream list((pictures + QStringLiteral("/vues.txt")).toStdString());
+    for (int i = 5; i < count; ++i) {
+        std::ifstream script(arguments[i]);
+        if (!script || !list) {
+            return mistake("pas de script à lire, ou pas de liste à écrire");
+        }
+        try {
+            vues::Views(QFile::decodeName(arguments[1]), pictures, script, list).run();
+        } catch (const vues::Mistake &found) {
+            return mistake(std::string(arguments[i]) + ", ligne " + std::to_string(found.line) +
+                           " : " + found.reason);
+        }
     }
     return 0;
 }

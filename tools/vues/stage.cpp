@@ -25,6 +25,22 @@ void settle() {
 
 } // namespace
 
+QImage screenWith(const std::vector<QWidget *> &windows) {
+    settle();
+    const QScreen *qtScreen = QGuiApplication::primaryScreen();
+    const double ratio = qtScreen->devicePixelRatio();
+    QImage whole((QSizeF(qtScreen->size()) * ratio).toSize(), QImage::Format_RGB32);
+    whole.setDevicePixelRatio(ratio);
+    whole.fill(desktop);
+    QPainter painter(&whole);
+    for (QWidget *window : windows) {
+        if (window->isVisible()) {
+            window->render(&painter, window->pos());
+        }
+    }
+    return whole;
+}
+
 Stage::Stage(Files &files, const Texte &dataFolder,
              std::function<void(std::function<bool()>)> person)
     : QtWindows(files, dataFolder), person_(std::move(person)) {}
@@ -103,26 +119,18 @@ void Stage::point(Control *control) {
 
 QImage Stage::picture() {
     settle();
-    const QScreen *qtScreen = QGuiApplication::primaryScreen();
-    const double ratio = qtScreen->devicePixelRatio();
-    QImage whole((QSizeF(qtScreen->size()) * ratio).toSize(), QImage::Format_RGB32);
-    whole.setDevicePixelRatio(ratio);
-    whole.fill(desktop);
-    QPainter painter(&whole);
-    const auto show = [&painter](QWidget *window) {
-        if (window != nullptr && window->isVisible()) {
-            painter.drawPixmap(window->pos(), window->grab());
-        }
-    };
+    std::vector<QWidget *> windows;
     for (const bool backdrop : {true, false}) {
         for (const Form *form : screen.loaded()) {
             if (form->backdrop == backdrop) {
-                show(windowOf(*form));
+                windows.push_back(windowOf(*form));
             }
         }
     }
-    show(box());
-    return whole;
+    if (box() != nullptr) {
+        windows.push_back(box());
+    }
+    return screenWith(windows);
 }
 
 } // namespace grimoval::vues

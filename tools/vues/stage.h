@@ -12,6 +12,10 @@
 
 namespace grimoval::vues {
 
+// The whole screen with these windows, from the bottom to the top, as a person sees it but for the
+// frames that a window manager draws.
+QImage screenWith(const std::vector<QWidget *> &windows);
+
 class Stage : public QtWindows {
 public:
     // `person` is called while a window or a box waits, and returns once it waits no more.
@@ -25,7 +29,6 @@ public:
     bool answer();
     // The mouse comes over a control and stays there, or goes away from all.
     void point(Control *control);
-    // The whole screen, as a person sees it but for the frames that a window manager draws.
     QImage picture();
 
     void loaded(Form &form) override;

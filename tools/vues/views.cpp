@@ -5,6 +5,8 @@
 #include "tools/bases/catalogue.h"
 
 #include <QDir>
+#include <QGuiApplication>
+#include <QScreen>
 #include <QTemporaryDir>
 
 #include <cmath>
@@ -17,7 +19,12 @@ void Views::run() {
     Words words;
     while (next(words)) {
         if (words.front() == u"demarrer" && words.size() == 1) {
+            help_.reset();
             play();
+        } else if (words.front() == u"aide" && words.size() == 2) {
+            showHelp(words[1]);
+        } else if (words.front() == u"vue" && words.size() == 3 && help_) {
+            keep(words);
         } else {
             prepare(words);
         }
@@ -131,6 +138,17 @@ void Views::play() {
     random_.numbers.clear();
 }
 
+void Views::showHelp(const Texte &page) {
+    QFile file(data_ + QStringLiteral("/Le Grimoval.HLP"));
+    want(file.open(QIODevice::ReadOnly), "pas de fichier d'aide");
+    auto help = HelpFile::parse(file.readAll().toStdString());
+    want(help && !help->pageFor(toUtf8(page)).empty(), "pas de telle page d'aide");
+    help_ = std::make_unique<HelpWindow>(std::move(*help), data_);
+    help_->ask(toQt(page));
+    help_->show();
+    help_->move(QGuiApplication::primaryScreen()->geometry().center() - help_->rect().center());
+}
+
 void Views::converse(const std::function<bool()> &waiting) {
     Words words;
     while (waiting()) {
@@ -170,8 +188,11 @@ void Views::obey(const Words &words) {
 // The mouse goes away with the picture.
 void Views::keep(const Words &words) {
     const QString file = pictures_ + u'/' + toQt(words[1]) + QStringLiteral(".png");
-    want(stage_->picture().save(file, "PNG"), "image qui ne s'écrit pas");
-    stage_->point(nullptr);
+    const QImage picture = stage_ != nullptr ? stage_->picture() : screenWith({help_.get()});
+    want(picture.save(file, "PNG"), "image qui ne s'écrit pas");
+    if (stage_ != nullptr) {
+        stage_->point(nullptr);
+    }
     list_ << toUtf8(words[1]) << '\t' << toUtf8(words[2]) << '\n';
 }
 

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Reads the views, plays the person up to each, and keeps its picture. The language is that of
-// grimoval-script, with the words of tools/vues/vues.script added.
+// grimoval-script, with the words of tools/vues/*.script added.
 #pragma once
 
 #include "platform/scripted/services.h"
 #include "shell/MAINGRIM.h"
+#include "tools/aide/viewer.h"
 #include "tools/script/person.h"
 #include "tools/vues/stage.h"
 
@@ -20,8 +21,7 @@ struct Mistake {
 
 class Views {
 public:
-    // `data` is the game's folder of installed data, which stays as it is; the pictures go to
-    // `pictures`, and `list` is told of each, one a line: its name, a tabulator, its caption.
+    // `data` is copied before anything is changed in it; `list` is told of each picture.
     Views(const QString &data, const QString &pictures, std::istream &script, std::ostream &list)
         : data_(data), pictures_(pictures), script_(script), list_(list) {}
 
@@ -35,6 +35,7 @@ private:
     bool next(Words &words);
     void prepare(const Words &words);
     void play();
+    void showHelp(const Texte &page);
     void converse(const std::function<bool()> &waiting);
     void obey(const Words &words);
     void keep(const Words &words);
@@ -52,6 +53,7 @@ private:
     std::vector<Texte> theme_;   // title, picture, entries: the only theme there is
     scripted::ScriptedRandom random_;
     Stage *stage_ = nullptr;
+    std::unique_ptr<HelpWindow> help_;
 };
 
 } // namespace grimoval::vues
