@@ -80,7 +80,9 @@ class Scheduler:
              "-s", os.path.join(self.root, "cups-files.conf")],
             stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         wait_for(lambda: self.run("lpstat", "-r").returncode == 0, "a print scheduler", 15)
-        self.run("lpadmin", "-p", "Papier", "-E", "-v", "papier:/", "-m", "raw", check=True)
+        # A scheduler that has just come up may still turn an administrator away.
+        wait_for(lambda: self.run("lpadmin", "-p", "Papier", "-E", "-v", "papier:/", "-m", "raw")
+                 .returncode == 0, "a print queue", 15)
         self.run("lpadmin", "-d", "Papier", check=True)
         return self
 
