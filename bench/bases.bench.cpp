@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Reading bases and catalogues takes a time in proportion to their size.
-#include "bench/program.h"
+#include "support/program.h"
 
 #include <benchmark/benchmark.h>
 
 namespace grimoval {
 namespace {
 
-struct Program : bench::NoWindows, bench::Program {
-    Program() : bench::Program(static_cast<bench::NoWindows &>(*this)) {}
+struct Program : test::NoWindows, test::Program {
+    Program() : test::Program(static_cast<test::NoWindows &>(*this)) {}
 };
 
 std::string words(int number) {

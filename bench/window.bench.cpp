@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // How long the main window takes to draw itself on a screen of 1920 x 1080: whole, and what a
 // letter changes in it.
-#include "bench/program.h"
+#include "support/program.h"
 
 #include "platform/qt/mirrors.h"
 #include "platform/qt/qtwindows.h"
@@ -46,7 +46,7 @@ struct Windows {
 
     Files files;
     QtWindows system{files, fromUtf8(GRIMOVAL_DATA)};
-    bench::Program program{system};
+    test::Program program{system};
     FormWindow *window = nullptr;
     QImage picture;
 };

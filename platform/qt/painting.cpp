@@ -121,12 +121,12 @@ void drawPanel(QPainter &painter, const QRectF &area, Surface surface, double fa
 }
 
 void drawFocusRing(QPainter &painter, const QRectF &area, double radius, double factor) {
-    const double half = 1.6 * factor;
+    const double half = 2.3 * factor;
     const QRectF ring = area.adjusted(half, half, -half, -half);
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(shade::ink, 3.2 * factor)); // seen on parchment too
+    painter.setPen(QPen(shade::ink, 4.6 * factor)); // seen on parchment too
     painter.drawRoundedRect(ring, radius, radius);
-    painter.setPen(QPen(shade::gold, 2.2 * factor));
+    painter.setPen(QPen(shade::goldLight, 2.4 * factor));
     painter.drawRoundedRect(ring, radius, radius);
 }
 

@@ -66,10 +66,11 @@ QtWindows::~QtWindows() {
 }
 
 double QtWindows::factorFor(QSize screen) {
-    if (screen.width() < 800 || screen.height() < 600) {
-        return std::min(screen.width() / 800.0, screen.height() / 600.0);
+    if (screen.width() <= 800) { // the main window fills it
+        return std::min({1.0, screen.width() / 800.0, screen.height() / 600.0});
     }
-    return std::max(1.0, std::min(screen.width() * 0.92 / 800, screen.height() * 0.88 / 580));
+    // Room for a title bar and the panel of a desktop.
+    return std::min(screen.width() * 0.92 / 800, screen.height() * 0.88 / 580);
 }
 
 FormWindow *QtWindows::windowOf(const Form &form) const {

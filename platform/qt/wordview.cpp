@@ -66,7 +66,7 @@ std::vector<QStringList> inTwo(const QString &text) {
 
 QRectF WordView::inside() const {
     const double f = factor();
-    return area().adjusted(23 * f, 8 * f, -23 * f, -8 * f);
+    return area().adjusted(16 * f, 8 * f, -16 * f, -8 * f);
 }
 
 void WordView::write(const LabelText &text) {
@@ -178,7 +178,7 @@ void WordView::drawStrip(QPainter &painter) {
                                        : QPen(QColor(0xa8, 0x74, 0x1a, 130), f));
     painter.drawRoundedRect(strip.adjusted(5 * f, 5 * f, -5 * f, -5 * f), 10 * f, 10 * f);
     if (now == Mood::won) {
-        const double r = 11 * f;
+        const double r = 8 * f;
         for (const double x : {strip.left() + r, strip.right() - r}) {
             painter.setPen(QPen(shade::goldDark, f));
             painter.setBrush(shade::gold);

@@ -36,13 +36,15 @@ TEST_F(Windows, TheDesktopKnowsThemByTheMenuEntryAndTheLogo) {
     EXPECT_EQ(icon.pixmap(32, 32).toImage().pixelColor(16, 16), QColor(Qt::red));
 }
 
-TEST_F(Windows, OneFactorFillsMostOfTheScreenAndIsNeverBelow1OnAnUsualOne) {
+TEST_F(Windows, OneFactorFillsMostOfTheScreenAndLeavesRoomForATitleBarAndAPanel) {
     EXPECT_DOUBLE_EQ(QtWindows::factorFor({800, 600}), 1);
-    EXPECT_DOUBLE_EQ(QtWindows::factorFor({1024, 600}), 1);
+    EXPECT_NEAR(QtWindows::factorFor({1024, 600}), 0.910, 0.001);
+    EXPECT_NEAR(QtWindows::factorFor({1024, 768}), 1.165, 0.001);
     EXPECT_NEAR(QtWindows::factorFor({1366, 768}), 1.165, 0.001);
     EXPECT_NEAR(QtWindows::factorFor({1920, 1080}), 1.639, 0.001);
     EXPECT_DOUBLE_EQ(QtWindows::factorFor({640, 480}), 0.8);
-    EXPECT_DOUBLE_EQ(QtWindows::factorFor({1280, 480}), 0.8);
+    EXPECT_NEAR(QtWindows::factorFor({3840, 2160}), 3.277, 0.001);
+    EXPECT_NEAR(QtWindows::factorFor({1280, 480}), 0.728, 0.001);
 }
 
 TEST_F(Windows, AWindowGrowsAroundItsOwnCentre) {

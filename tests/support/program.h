@@ -6,7 +6,7 @@
 #include "shell/MAINGRIM.h"
 #include "support/temporary_folder.h"
 
-namespace grimoval::bench {
+namespace grimoval::test {
 
 // A window system that shows nothing and tells nobody.
 struct NoWindows : WindowSystem {
@@ -33,7 +33,7 @@ struct Program {
         g.SautLigne = u"\n";
     }
 
-    test::TemporaryFolder folder;
+    TemporaryFolder folder;
     Files files;
     Screen screen;
     scripted::ScriptedClock clock;
@@ -47,4 +47,4 @@ struct Program {
     FenetresDuJeu windows{g};
 };
 
-} // namespace grimoval::bench
+} // namespace grimoval::test
