@@ -53,8 +53,10 @@ std::string findSoundfont() {
 struct MixerSound::Mixer {
     Mix_Chunk *chunk = nullptr;
     Mix_Music *music = nullptr;
+    std::string tune; // that starts again at its end, until it is stopped
+    bool open = false;
 
-    Opening open() {
+    Opening start() {
         SDL_SetMainReady();
         // Signals stay the program's: an end that is asked for from outside is an end.
         SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
@@ -62,6 +64,7 @@ struct MixerSound::Mixer {
             Mix_OpenAudio(frequency, MIX_DEFAULT_FORMAT, channels, chunkFrames) != 0) {
             return Opening::silent;
         }
+        open = true;
         Mix_AllocateChannels(1);
         Mix_VolumeMusic(musicVolume);
         if ((Mix_Init(MIX_INIT_MID) & MIX_INIT_MID) == 0) {
@@ -74,17 +77,76 @@ struct MixerSound::Mixer {
         return Opening::both;
     }
 
+    void end() {
+        if (open) {
+            dropWave();
+            dropMusic();
+            Mix_CloseAudio();
+            open = false;
+        }
+        SDL_Quit();
+    }
+
+    // A device that went away, or the server behind it, may be back; then the tune is, too.
+    void wake() {
+        if (open && !isLost()) {
+            return;
+        }
+        end();
+        start();
+        playMusic(tune, true);
+    }
+
+    bool isLost() const {
+        bool lost = false;
+        SDL_Event event;
+        while (SDL_PeepEvents(&event, 1, SDL_GETEVENT, SDL_AUDIODEVICEADDED,
+                              SDL_AUDIODEVICEREMOVED) > 0) {
+            // Zero: a device of the machine that we have not opened.
+            lost = lost || (event.type == SDL_AUDIODEVICEREMOVED && event.adevice.which != 0);
+        }
+        return lost;
+    }
+
     void dropWave() {
-        Mix_HaltChannel(waveChannel);
         if (chunk != nullptr) {
+            Mix_HaltChannel(waveChannel);
             Mix_FreeChunk(std::exchange(chunk, nullptr));
         }
     }
 
     void dropMusic() {
-        Mix_HaltMusic();
         if (music != nullptr) {
+            Mix_HaltMusic();
             Mix_FreeMusic(std::exchange(music, nullptr));
+        }
+    }
+
+    void playWave(const std::string &file) {
+        if (!open) {
+            return;
+        }
+        dropWave();
+        // Closed here: the library forgets the file when it is no sound.
+        if (SDL_RWops *source = SDL_RWFromFile(file.c_str(), "rb")) {
+            chunk = Mix_LoadWAV_RW(source, 0);
+            SDL_RWclose(source);
+        }
+        if (chunk != nullptr) {
+            Mix_PlayChannel(waveChannel, chunk, 0);
+        }
+    }
+
+    void playMusic(const std::string &file, bool loop) {
+        if (!open) {
+            return;
+        }
+        dropMusic();
+        if (!file.empty()) {
+            music = Mix_LoadMUS(file.c_str());
+        }
+        if (music != nullptr) {
+            Mix_PlayMusic(music, loop ? -1 : 1);
         }
     }
 };
@@ -102,11 +164,12 @@ MixerSound::~MixerSound() {
 
 void MixerSound::work() {
     Mixer mixer;
-    const Opening opening = mixer.open();
+    const Opening opening = mixer.start();
     std::unique_lock lock(mutex_);
     opening_ = opening;
     changed_.notify_all();
     for (;;) {
+        deviceOpen_ = mixer.open;
         changed_.wait(lock, [this] { return closing_ || !tasks_.empty(); });
         if (closing_) {
             break;
@@ -116,18 +179,14 @@ void MixerSound::work() {
         busy_ = true;
         lock.unlock();
         if (opening != Opening::silent) {
+            mixer.wake();
             task(mixer);
         }
         lock.lock();
         busy_ = false;
     }
     lock.unlock();
-    if (opening != Opening::silent) {
-        mixer.dropWave();
-        mixer.dropMusic();
-        Mix_CloseAudio();
-    }
-    SDL_Quit();
+    mixer.end();
 }
 
 void MixerSound::post(std::function<void(Mixer &)> task) {
@@ -138,8 +197,10 @@ void MixerSound::post(std::function<void(Mixer &)> task) {
 
 MixerSound::Opening MixerSound::opened() {
     std::unique_lock lock(mutex_);
-    changed_.wait_for(lock, std::chrono::seconds(2),
-                      [this] { return opening_ != Opening::underWay; });
+    if (!waitedUntil_) {
+        waitedUntil_ = std::chrono::steady_clock::now() + std::chrono::seconds(2);
+    }
+    changed_.wait_until(lock, *waitedUntil_, [this] { return opening_ != Opening::underWay; });
     return opening_ == Opening::underWay ? Opening::silent : opening_;
 }
 
@@ -169,44 +230,29 @@ void MixerSound::playWave(const Texte &path) {
     if (file.empty()) {
         return;
     }
-    post([file](Mixer &mixer) {
-        mixer.dropWave();
-        // Closed here: the library forgets the file when it is no sound.
-        if (SDL_RWops *source = SDL_RWFromFile(file.c_str(), "rb")) {
-            mixer.chunk = Mix_LoadWAV_RW(source, 0);
-            SDL_RWclose(source);
-        }
-        if (mixer.chunk != nullptr) {
-            Mix_PlayChannel(waveChannel, mixer.chunk, 0);
-        }
-    });
+    post([file](Mixer &mixer) { mixer.playWave(file); });
 }
 
 void MixerSound::playMidi(const Texte &path, bool loop) {
     const std::string file = playable(files_, path);
     post([file, loop](Mixer &mixer) {
-        mixer.dropMusic();
-        if (file.empty()) {
-            return;
-        }
-        mixer.music = Mix_LoadMUS(file.c_str());
-        if (mixer.music != nullptr) {
-            Mix_PlayMusic(mixer.music, loop ? -1 : 1);
-        }
+        mixer.tune = loop ? file : std::string();
+        mixer.playMusic(file, loop);
     });
 }
 
 void MixerSound::stopMidi() {
-    post([](Mixer &mixer) { mixer.dropMusic(); });
+    post([](Mixer &mixer) {
+        mixer.tune.clear();
+        mixer.dropMusic();
+    });
 }
 
 void MixerSound::finishWave(std::chrono::milliseconds patience) {
     const auto until = std::chrono::steady_clock::now() + patience;
     const auto sounds = [this] {
         const std::lock_guard lock(mutex_);
-        return busy_ || !tasks_.empty() ||
-               (opening_ != Opening::underWay && opening_ != Opening::silent &&
-                Mix_Playing(waveChannel) != 0);
+        return busy_ || !tasks_.empty() || (deviceOpen_ && Mix_Playing(waveChannel) != 0);
     };
     bool sounded = false;
     while (std::chrono::steady_clock::now() < until && sounds()) {

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Sound by SDL2_mixer: one MIDI stream and one wave stream, together. Every call of the library is
 // made on one thread beside the program, in order, so that nothing in it can keep a window waiting:
-// the device is opened and the soundfont looked for while the splash is up.
+// the device is opened and the soundfont looked for while the splash is up. A device that goes
+// away, or its server, is silence; each later call tries whether there is one again.
 #pragma once
 
 #include "platform/services.h"
@@ -10,6 +11,7 @@
 #include <condition_variable>
 #include <deque>
 #include <mutex>
+#include <optional>
 #include <thread>
 
 namespace grimoval {
@@ -19,7 +21,7 @@ public:
     explicit MixerSound(Files &files);
     ~MixerSound() override;
 
-    // Wait for the opening of the device, if it has not ended yet, for two seconds at most.
+    // Wait for the opening of the device, if it has not ended yet: two seconds at most in all.
     bool waveAvailable() override;
     bool midiAvailable() override;
     // A new prompt takes the place of one that still sounds.
@@ -43,7 +45,9 @@ private:
     std::condition_variable changed_;
     std::deque<std::function<void(Mixer &)>> tasks_;
     Opening opening_ = Opening::underWay;
-    bool busy_ = false; // a task is being carried out
+    std::optional<std::chrono::steady_clock::time_point> waitedUntil_;
+    bool deviceOpen_ = false; // when no task is being carried out
+    bool busy_ = false;       // a task is being carried out
     bool closing_ = false;
     std::thread thread_; // last: it uses all the others
 };

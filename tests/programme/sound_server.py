@@ -1,0 +1,110 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""The real program while its sound server dies, hangs or comes back: silence, no message (the letters are
+pressed in the window that has the keyboard), no delay, and sound again at the next prompt when there is a
+server again. The server is one of the test's own."""
+import os
+import signal
+import time
+
+from hearing import RATE, Ear, Prompt, SoundTest, rms
+from partie import main, wait_for
+
+# What a child may notice: far above what a letter takes on a busy machine.
+SOON = 0.5
+
+
+class ServerTest(SoundTest):
+    driver = "pulseaudio"
+    size = "800x600"
+
+    def prepare(self, screen):
+        self.socket = os.path.join(screen.folder, "sound")
+        screen.env.update(PULSE_SERVER="unix:" + self.socket,
+                          PULSE_COOKIE=os.path.join(screen.folder, "cookie"))
+        self.file = os.path.join(screen.folder, "monitor.raw")
+        self.begin_server(screen)
+
+    def begin_server(self, screen):
+        """A server without a loudspeaker, and a recorder of what one would give."""
+        self.server = screen.start(
+            ["pulseaudio", "-n", "--daemonize=no", "--use-pid-file=no", "--exit-idle-time=-1",
+             "--disallow-exit", "--realtime=no", "--high-priority=no", "-L", "module-null-sink sink_name=mute rate=44100",
+             "-L", f"module-native-protocol-unix auth-anonymous=1 socket={self.socket}"])
+        wait_for(lambda: "mute" in screen.run("pactl", "list", "short", "sinks"), "sound server")
+        self.recorder = screen.start(
+            ["parec", "-d", "mute.monitor", "--rate=44100", "--format=s16le", "--channels=2",
+             "--latency-msec=50", self.file])
+        wait_for(lambda: os.path.exists(self.file) and os.path.getsize(self.file), "recorder")
+        self.ear = Ear(self.file)
+
+    def end_server(self):
+        os.kill(self.server.pid, signal.SIGKILL)
+        self.server.wait(5)
+        self.recorder.wait(5)
+        os.remove(self.file)
+
+    def letter(self, letter, state):
+        """Proposes it; how long until the window shows what it is."""
+        since = time.monotonic()
+        self.propose(letter)
+        self.await_state(letter, state)
+        return time.monotonic() - since
+
+    def wrong_letters(self):
+        word = self.word()
+        return [c for c in "ZYXWVUTSRQ" if c not in word]
+
+    def quit_within(self, seconds):
+        """In the middle of a word; how long after the last window has gone."""
+        self.agree_to_quit()
+        self.program.await_one(name="Scores")
+        self.program.press("Quitter")
+        self.await_no_window()
+        since = time.monotonic()
+        self.assertEqual(self.program.await_end(seconds), 0)
+        return time.monotonic() - since
+
+
+class Dies(ServerTest):
+    def test_silence_then_sound_again(self):
+        self.pass_splash()
+        wait_for(lambda: any(self.ear.heard(self.ear.now() - RATE // 10)), "any sound")
+        self.begin_game()
+        wrong = self.wrong_letters()
+        self.letter(wrong.pop(), "fausse")
+        self.end_server()
+        for _ in range(2):
+            self.assertLess(self.letter(wrong.pop(), "fausse"), SOON)
+        self.flip("Musique")  # off, and on again, with nobody to hear it
+        self.flip("Musique")
+        self.begin_server(self.screen)
+        start = self.ear.now()
+        self.assertLess(self.letter(wrong.pop(), "fausse"), SOON)
+        heard = self.ear.heard(start, self.ear.listen(2.5))
+        prompt = Prompt(self.sound("CesPBon.Wav"))
+        at, share = prompt.find(heard)
+        self.assertAlmostEqual(share, 1, delta=0.1)
+        self.assertGreater(rms(prompt.taken_from(heard, at)[-RATE // 2:]), 100)  # the tune as well
+
+    def test_the_program_ends_in_time_without_it(self):
+        self.pass_splash()
+        self.begin_game()
+        self.end_server()
+        self.assertLess(self.quit_within(6), 5.5)
+
+
+class Hangs(ServerTest):
+    def test_nobody_waits_for_it(self):
+        self.pass_splash()
+        wait_for(lambda: any(self.ear.heard(self.ear.now() - RATE // 10)), "any sound")
+        self.begin_game()
+        wrong = self.wrong_letters()
+        os.kill(self.server.pid, signal.SIGSTOP)
+        self.addCleanup(os.kill, self.server.pid, signal.SIGCONT)
+        for _ in range(3):
+            self.assertLess(self.letter(wrong.pop(), "fausse"), SOON)
+        self.flip("Musique")
+        self.assertLess(self.quit_within(6), 5.5)
+
+
+main()
