@@ -61,6 +61,15 @@ class Heard(SoundTest):
         self.assertAlmostEqual(wrong.share(rest, first, 0, cut), 1, delta=0.05)
         self.assertAlmostEqual(wrong.share(rest, first, cut, 1), 0, delta=0.05)
 
+        # Without the voice a wrong letter is silent; with it again the next prompt sounds.
+        self.flip("Parole")
+        self.assertIn("Parole=0\n", self.settings())
+        start = self.ear.listen(0.1)
+        self.propose("X")
+        self.await_state("X", "fausse")
+        self.assertFalse(any(self.ear.heard(start, self.ear.listen(0.4))))
+        self.flip("Parole")
+
         # The leave-taking is heard to its end, after the window has gone.
         self.program.press("Voir la réponse")
         self.program.press("Stopper la partie")

@@ -11,6 +11,7 @@
 #include <cmath>
 #include <filesystem>
 #include <fstream>
+#include <numeric>
 
 namespace grimoval::test {
 namespace {
@@ -40,6 +41,28 @@ std::string wave(double seconds, int value) {
            "data" + number(2 * samples, 4) + data;
 }
 
+// How loud it is in each hundredth of a second.
+std::vector<double> levels(const std::vector<int> &values) {
+    constexpr std::size_t step = rate / 100;
+    std::vector<double> result;
+    for (std::size_t at = 0; at + step <= values.size(); at += step) {
+        double sum = 0;
+        for (std::size_t i = at; i < at + step; ++i) {
+            sum += double(values[i]) * values[i];
+        }
+        result.push_back(std::sqrt(sum / step));
+    }
+    return result;
+}
+
+// How alike two stretches of sound rise and fall: 1 for the same.
+double likeness(const std::vector<double> &one, const std::vector<double> &other) {
+    const auto product = [](const auto &a, const auto &b) {
+        return std::inner_product(a.begin(), a.end(), b.begin(), 0.0);
+    };
+    return product(one, other) / std::sqrt(product(one, one) * product(other, other));
+}
+
 class SoundHeard : public testing::Test {
 protected:
     SoundHeard() {
@@ -49,18 +72,37 @@ protected:
     ~SoundHeard() override {
         qunsetenv("SDL_AUDIODRIVER");
         qunsetenv("SDL_DISKAUDIOFILE");
+        qunsetenv("SDL_DISKAUDIODELAY");
     }
 
-    // The left side of all that was written up to now.
-    std::vector<int> heard() const {
-        const std::string bytes = folder.read(u"heard.raw");
+    std::string file() const { return folder.bytePath(u"heard.raw"); }
+
+    // The left side of what was written, from one moment on, in frames.
+    std::vector<int> heard(std::size_t from = 0, std::size_t frames = SIZE_MAX / 4) const {
+        std::ifstream stream(file(), std::ios::binary);
+        stream.seekg(static_cast<std::streamoff>(4 * from));
         std::vector<int> values;
-        for (std::size_t at = 0; at + 3 < bytes.size(); at += 4) {
-            values.push_back(
-                static_cast<std::int16_t>(static_cast<unsigned char>(bytes[at]) |
-                                          static_cast<unsigned char>(bytes[at + 1]) << 8));
+        for (char b[4]; values.size() < frames && stream.read(b, 4);) {
+            values.push_back(static_cast<std::int16_t>(static_cast<unsigned char>(b[0]) |
+                                                       static_cast<unsigned char>(b[1]) << 8));
         }
         return values;
+    }
+    std::size_t written() const {
+        std::error_code none;
+        const auto bytes = std::filesystem::file_size(file(), none);
+        return none ? 0 : static_cast<std::size_t>(bytes) / 4;
+    }
+    // The first sound from a moment on.
+    std::size_t onset(std::size_t from) const {
+        for (;; from += rate) {
+            const auto second = heard(from, rate);
+            const auto found =
+                std::find_if(second.begin(), second.end(), [](int value) { return value != 0; });
+            if (found != second.end() || second.empty()) {
+                return from + static_cast<std::size_t>(found - second.begin());
+            }
+        }
     }
     double secondsOf(int value) const {
         const auto values = heard();
@@ -238,6 +280,61 @@ TEST_F(SoundHeard, GoesAtAnyMoment) {
                   }),
                   2);
     }
+}
+
+// The tune of the game itself: 72 bars of three at 104 beats a minute. The file is written as fast
+// as the machine can.
+TEST_F(SoundHeard, TheTuneStartsOverOnItsLastBarLineAndFromItsStartAfterAStop) {
+    constexpr double length = 72 * 3 * 60 / 104.0;
+    constexpr std::size_t opening = 5 * rate;
+    const Texte tune = fromUtf8(GRIMOVAL_SOUNDS "/CLVMID1.mid");
+    qputenv("SDL_DISKAUDIODELAY", "0");
+    // Until so much was written after the first sound from a moment on, which it tells.
+    const auto await = [this](std::size_t from, std::size_t frames) {
+        const auto until = Clock::now() + 60s;
+        std::size_t begin = onset(from);
+        while (begin + frames > written() && Clock::now() < until) {
+            std::this_thread::sleep_for(10ms);
+            begin = onset(begin);
+        }
+        EXPECT_LE(begin + frames, written());
+        return begin;
+    };
+    std::size_t start = 0, stopped = 0, again = 0;
+    {
+        MixerSound sound(files);
+        ASSERT_TRUE(sound.midiAvailable());
+        sound.playMidi(tune, true);
+        start = await(0, static_cast<std::size_t>(2.1 * length) * rate);
+        sound.stopMidi();
+        std::this_thread::sleep_for(300ms);
+        stopped = written();
+        sound.playMidi(tune, true);
+        again = await(stopped, opening);
+    }
+    const auto first = levels(heard(start, opening));
+    ASSERT_GT(*std::max_element(first.begin(), first.end()), 500);
+    for (const int pass : {1, 2}) {
+        // Where the opening is heard again, to a hundredth of a second.
+        const auto expected = start + static_cast<std::size_t>(pass * length * rate);
+        const auto around = levels(heard(expected - rate, opening + 2 * rate));
+        std::size_t best = 0;
+        double most = 0;
+        for (std::size_t at = 0; at + first.size() <= around.size(); ++at) {
+            const auto from = around.begin() + static_cast<std::ptrdiff_t>(at);
+            const double alike =
+                likeness(first, {from, from + static_cast<std::ptrdiff_t>(first.size())});
+            if (alike > most) {
+                most = alike;
+                best = at;
+            }
+        }
+        EXPECT_GT(most, 0.95);
+        EXPECT_NEAR(static_cast<double>(best), 100, 5) << "pass " << pass;
+    }
+    // Silence between, and then the opening once more.
+    EXPECT_GT(again, stopped);
+    EXPECT_GT(likeness(first, levels(heard(again, opening))), 0.95);
 }
 
 } // namespace
