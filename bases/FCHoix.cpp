@@ -26,7 +26,8 @@ constexpr Mode modes[] = {
 FCHoix::FCHoix(Globales &globales, Fnom &nom) : Fenetre(globales, "FCHoix"), nom_(nom) {
     Width = 7200;
     Height = 6000;
-    background = "dialogue";
+    background = "FCHoix";
+    parchment = true;
     Caption = Application::title;
 
     for (int i = 0; i < 3; ++i) {

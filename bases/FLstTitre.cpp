@@ -9,7 +9,8 @@ FLstTitre::FLstTitre(Globales &globales, FMenu &menu)
     : Fenetre(globales, "FLstTitre"), menu_(menu) {
     Width = 6750;
     Height = 6300;
-    background = "dialogue";
+    background = "FLstTitre";
+    parchment = true;
     Caption = Application::title;
 
     RapTit.place = {480, 420, 5790, 420};

@@ -90,7 +90,7 @@ public:
         plain,
         panel, // a frame with nothing written on it
         word,  // the hidden word: as large as its place allows
-        title, // large and set off
+        title, // large and set off; the picture of the window shows it where there is one
         badge, // a short figure in a small frame
         player // a name; when the call of the tooltip follows it, that player's turn is seen
     };

@@ -15,7 +15,7 @@ constexpr const char16_t *adresseDuSite = u"https://www.calvenor.example/";
 FAbout::FAbout(Globales &globales) : Fenetre(globales, "FAbout") {
     Width = 5715;
     Height = 5370;
-    background = "FMenu";
+    background = "FAbout";
     titleBar = true;
 
     // clang-format off

@@ -9,7 +9,8 @@ namespace grimoval {
 FOption::FOption(Globales &globales) : Fenetre(globales, "FOption") {
     Width = 4395;
     Height = 2880;
-    background = "cadre";
+    background = "FOption";
+    parchment = true;
     Caption = Application::title;
 
     // clang-format off

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The plain backdrop of large screens, under every other window for the life of the program.
+// The backdrop of large screens, a night landscape under every other window for the life of the program.
 #pragma once
 
 #include "shell/Globales.h"
@@ -10,6 +10,7 @@ class Fplein : public Form {
 public:
     explicit Fplein(Globales &g) : Form(g.services.screen, "Fplein") {
         backdrop = true;
+        background = "Fplein";
         Width = g.services.screen.Width();
         Height = g.services.screen.Height();
     }

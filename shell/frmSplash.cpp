@@ -6,7 +6,7 @@ namespace grimoval {
 frmSplash::frmSplash(Globales &g) : Form(g.services.screen, "frmSplash") {
     Width = 6555;
     Height = 2565;
-    background = "splash";
+    background = "frmSplash";
     centred = true;
     Caption = Application::title;
 

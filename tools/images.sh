@@ -9,9 +9,12 @@
 #   faces    faces/NAME.svg   -> NAME.tga       32 bits with alpha, uncompressed, 256x256 (ovals 300x150)
 #   themes   themes/STEM.svg  -> STEM.JPG       1200x900, quality 90
 #   defaut   defaut/IMGnn.svg -> IMGnn.BMP      800x600, 24 bits
-#   fonds    fonds/NAME.svg   -> fond_NAME.png  twice the size of the drawing
+#   fonds    fonds/NAME.svg   -> fond_NAME.jpg  three times the size of the drawing, quality 92
 #   logo     logo.svg         -> logo.png       512x512
 #   livre    livre.svg        -> livre.png      256x256
+#   icone    icone.svg        -> icone-N.png    N x N for 64 128 256 512, from icone-petite.svg for 16 24 32 48
+#
+# A drawing may include those of its folder commun/, which are made into nothing by themselves.
 #
 # The same sources give the same files, byte for byte: no date, no name goes into them.
 # Ends with 0 only when every file was made; a file appears in DEST only when it is whole.
@@ -43,9 +46,10 @@ one() {
         faces)  case $name in *_ovale) w=300 h=150 ;; *) w=256 h=256 ;; esac; out=$name.tga ;;
         themes) w=1200 h=900; out=$name.JPG ;;
         defaut) w=800 h=600; out=$name.BMP ;;
-        fonds)  w='' h=''; out=fond_$name.png ;;
+        fonds)  w='' h=''; out=fond_$name.jpg ;;
         logo)   w=512 h=512; out=logo.png ;;
         livre)  w=256 h=256; out=livre.png ;;
+        icone*) w=${kind#icone-} h=$w; out=$kind.png ;;
     esac
 
     if [ -n "$w" ]; then
@@ -55,7 +59,7 @@ one() {
         [ $((${got% *} * h)) -eq $((${got#* } * w)) ] || die "$src is $got: not the proportions of $w x $h"
         rsvg-convert -w "$w" -h "$h" -f png -o "$png" "$src"
     else
-        rsvg-convert -z 2 -f png -o "$png" "$src"
+        rsvg-convert -z 3 -f png -o "$png" "$src"
     fi || die "rsvg-convert could not draw $src"
     [ -s "$png" ] || die "rsvg-convert drew nothing from $src"
     if [ -n "$w" ]; then
@@ -67,9 +71,11 @@ one() {
     case $kind in
         faces)
             "$CONVERT" "$png" -strip -depth 8 -type TrueColorMatte -orient TopLeft -compress None "TGA:$tmp" ;;
-        themes)
+        themes|fonds)
+            quality=90
+            [ "$kind" = themes ] || quality=92
             "$CONVERT" "$png" -background '#0b1440' -alpha remove -alpha off -colorspace sRGB -depth 8 \
-                -strip -sampling-factor 1x1 -quality 90 "JPEG:$tmp" ;;
+                -strip -sampling-factor 1x1 -quality $quality "JPEG:$tmp" ;;
         defaut)
             "$CONVERT" "$png" -background '#0b1440' -alpha remove -alpha off -colorspace sRGB -depth 8 \
                 -strip -type TrueColor -compress None "BMP3:$tmp" ;;
@@ -81,9 +87,10 @@ one() {
 
     # Lossless kinds must read back as the very pixels drawn; the JPEG must read back at all.
     case $kind in
-        themes)
+        themes|fonds)
+            want=$("$CONVERT" "$png" -format '%wx%h' info:)
             got=$("$CONVERT" "JPEG:$tmp" -format '%wx%h' info:) || die "$out does not read back"
-            [ "$got" = "${w}x$h" ] || die "$out reads back as $got" ;;
+            [ "$got" = "$want" ] || die "$out reads back as $got" ;;
         faces)
             # type 2 (true colour, uncompressed), 32 bits, 8 bits of alpha, first line at the top
             got=$(od -An -tu1 -N18 "$tmp" | tr -s ' \n' '  ')
@@ -113,11 +120,12 @@ if [ "$1" = --one ]; then
     exit 0
 fi
 
-[ $# -eq 2 ] || [ $# -eq 3 ] || die "usage: images.sh SOURCES DEST [faces|themes|defaut|fonds|logo|livre]"
+[ $# -eq 2 ] || [ $# -eq 3 ] || die "usage: images.sh SOURCES DEST [faces|themes|defaut|fonds|logo|livre|icone]"
 sources=$1 dest=$2
-kinds=${3:-faces themes defaut fonds logo livre}
+all="faces themes defaut fonds logo livre icone"
+kinds=${3:-$all}
 case $kinds in
-    faces|themes|defaut|fonds|logo|livre|'faces themes defaut fonds logo livre') ;;
+    faces|themes|defaut|fonds|logo|livre|icone|"$all") ;;
     *) die "unknown kind: $kinds" ;;
 esac
 
@@ -132,6 +140,14 @@ trap 'rm -f "$list"' EXIT
 for kind in $kinds; do
     case $kind in
         logo|livre) set -- "$sources/$kind.svg" ;;
+        icone)
+            for size in 16 24 32 48 64 128 256 512; do
+                drawing=icone
+                [ $size -ge 64 ] || drawing=icone-petite
+                [ -f "$sources/$drawing.svg" ] || die "no source for $kind: $sources/$drawing.svg"
+                printf '%s\0%s\0%s\0' "icone-$size" "$sources/$drawing.svg" "$dest" >> "$list"
+            done
+            continue ;;
         *)          set -- "$sources/$kind"/*.svg ;;
     esac
     [ -f "$1" ] || die "no source for $kind: $1"

@@ -20,8 +20,7 @@ namespace grimoval {
 
 FormWindow::FormWindow(Form &form, Host &host)
     : form_(&form), host_(host),
-      surface_(form.background == "dialogue" || form.background == "cadre" ? Surface::parchment
-                                                                           : Surface::night),
+      surface_(form.parchment ? Surface::parchment : Surface::night),
       background_(host.pictures.background(form.background)), factor_(host.factor) {
     setObjectName(QString::fromStdString(form.path()));
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -117,6 +116,7 @@ void FormWindow::changed(const PropertyBase &property) {
             unsetCursor();
         }
     } else if (&property == &form_->BackColor) {
+        painted_ = {};
         update();
     } else {
         place();
@@ -247,10 +247,6 @@ void FormWindow::resizeEvent(QResizeEvent *event) {
 void FormWindow::paintEvent(QPaintEvent * /*event*/) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    if (form_ != nullptr && form_->backdrop) {
-        painter.fillRect(rect(), toQt(form_->BackColor));
-        return;
-    }
     if (painted_.isNull() || painted_.size() != size() * devicePixelRatioF()) {
         painted_ = QPixmap(size() * devicePixelRatioF());
         painted_.setDevicePixelRatio(devicePixelRatioF());
@@ -258,12 +254,36 @@ void FormWindow::paintEvent(QPaintEvent * /*event*/) {
         painted_.fill(surface_ == Surface::parchment ? shade::parchment : shade::night);
         QPainter once(&painted_);
         once.setRenderHint(QPainter::Antialiasing);
-        drawBackground(once, QRectF(rect()), background_, surface_, factor_);
+        if (form_ != nullptr) {
+            paintBackground(once);
+        }
     }
     painter.drawPixmap(0, 0, painted_);
     if (const QRect ring = ringOf(focusWidget()); !ring.isEmpty() && isActiveWindow()) {
         drawFocusRing(painter, QRectF(ring), 9 * factor_, factor_);
     }
+}
+
+// The picture is drawn for the places of the controls and lies where they lie; that of the backdrop
+// covers the screen, whatever its shape.
+void FormWindow::paintBackground(QPainter &painter) const {
+    if (background_.isNull()) {
+        if (form_->backdrop) {
+            painter.fillRect(rect(), toQt(form_->BackColor));
+        } else {
+            drawBackground(painter, QRectF(rect()), QImage(), surface_, factor_);
+        }
+        return;
+    }
+    QRect target = rect().adjusted(origin_.x(), origin_.y(), -origin_.x(), -origin_.y());
+    if (form_->backdrop) {
+        target.setSize(background_.size().scaled(size(), Qt::KeepAspectRatioByExpanding));
+        target.moveCenter(rect().center());
+    }
+    painter.fillRect(rect(), shade::night.darker(200));
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawImage(target, background_.scaled(target.size() * devicePixelRatioF(),
+                                                 Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
 }
 
 QRect FormWindow::ringOf(const QWidget *widget) const {

@@ -55,6 +55,7 @@ public:
     Pictures &pictures() const { return host_.pictures; }
     Speaker &speaker() { return *speaker_; }
     Surface surface() const { return surface_; }
+    bool hasPicture() const { return !background_.isNull(); }
     double factor() const { return factor_; }
     // Where a place of the design lies in the window.
     QRect onScreen(const Place &place) const;
@@ -78,6 +79,7 @@ private:
     void followFocus();
     void followFocusLater();
     void exposed();
+    void paintBackground(QPainter &painter) const;
     // The ring of what Qt draws lies around it, on the window.
     QRect ringOf(const QWidget *widget) const;
 

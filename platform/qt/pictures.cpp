@@ -76,9 +76,9 @@ QImage Pictures::image(const Texte &path) {
     }
 }
 
-QImage Pictures::design(const std::string &name) {
+QImage Pictures::stored(const std::string &name, const Texte &ending) {
     return name.empty() ? QImage()
-                        : image(folder_ + u"IMAGES" + separator + fromUtf8(name) + u".png");
+                        : image(folder_ + u"IMAGES" + separator + fromUtf8(name) + ending);
 }
 
 } // namespace grimoval

@@ -18,10 +18,10 @@ public:
     void check(const Texte &path);
     // A null image for what cannot be shown.
     QImage image(const Texte &path);
-    // A picture stored in a window: `IMAGES/<name>.png` of the program's data.
-    QImage design(const std::string &name);
-    // The background of a window, drawn for its name; null if there is none.
-    QImage background(const std::string &name) { return design("fond_" + name); }
+    // A picture stored in a window: `IMAGES/<name>.png` of the program's data; null if there is none.
+    QImage design(const std::string &name) { return stored(name, u".png"); }
+    // The background of a window: `IMAGES/fond_<name>.jpg`.
+    QImage background(const std::string &name) { return stored("fond_" + name, u".jpg"); }
 
 private:
     struct Entry {
@@ -29,6 +29,7 @@ private:
         QImage image;
     };
     const QImage &read(const QString &file);
+    QImage stored(const std::string &name, const Texte &ending);
 
     static constexpr int kept = 64; // pictures
 

@@ -17,11 +17,14 @@ namespace grimoval {
 
 namespace {
 
-// What task bars and lists of windows show; small ones are drawn from small ones.
-QIcon iconOf(const QImage &picture) {
+// What task bars and lists of windows show; the small ones are drawings of their own.
+QIcon iconOf(Pictures &pictures) {
     QIcon icon;
-    for (const int side : {32, 64, 128}) {
-        icon.addPixmap(scaledPicture(picture, QSizeF(side, side), 1));
+    for (const char *side : {"16", "24", "32", "48", "64", "128"}) {
+        const QImage image = pictures.design(std::string("icone-") + side);
+        if (!image.isNull()) {
+            icon.addPixmap(QPixmap::fromImage(image));
+        }
     }
     return icon;
 }
@@ -48,7 +51,7 @@ QtWindows::QtWindows(Files &files, const Texte &dataFolder)
     });
     dressApplication(host_.factor);
     QGuiApplication::setDesktopFileName(QStringLiteral("grimoval")); // its entry in the menus
-    QGuiApplication::setWindowIcon(iconOf(pictures_.design("logo")));
+    QGuiApplication::setWindowIcon(iconOf(pictures_));
     installAccessibility();
 }
 

@@ -79,7 +79,7 @@ TEST_F(PicturesTest, APictureThatHasChangedIsReadAgain) {
 
 TEST_F(PicturesTest, TheDesignsPicturesLieInTheImagesFolder) {
     save(u"IMAGES/logo.png", {4, 4}, Qt::green, "PNG");
-    save(u"IMAGES/fond_FMenu.png", {5, 5}, Qt::blue, "PNG");
+    save(u"IMAGES/fond_FMenu.jpg", {5, 5}, Qt::blue, "JPG");
     EXPECT_EQ(pictures.design("logo").width(), 4);
     EXPECT_EQ(pictures.background("FMenu").width(), 5);
     EXPECT_TRUE(pictures.background("autre").isNull());

@@ -23,16 +23,19 @@ TEST_F(Windows, TheScreenIsTold15TwipsAPixel) {
     EXPECT_EQ(bench.screen.Height(), size.height() * 15);
 }
 
-TEST_F(Windows, TheDesktopKnowsThemByTheMenuEntryAndTheLogo) {
+TEST_F(Windows, TheDesktopKnowsThemByTheMenuEntryAndTheIcon) {
     EXPECT_EQ(QGuiApplication::desktopFileName(), QStringLiteral("grimoval"));
     EXPECT_TRUE(QGuiApplication::windowIcon().isNull()); // no picture, no icon
     bench.folder.makeFolder(u"IMAGES");
-    QImage logo(512, 512, QImage::Format_ARGB32);
-    logo.fill(Qt::red);
-    ASSERT_TRUE(logo.save(QString::fromStdString(bench.folder.bytePath(u"IMAGES/logo.png"))));
+    for (const int side : {32, 128}) {
+        QImage image(side, side, QImage::Format_ARGB32);
+        image.fill(Qt::red);
+        const std::string name = "IMAGES/icone-" + std::to_string(side) + ".png";
+        ASSERT_TRUE(image.save(QString::fromStdString(bench.folder.bytePath(fromUtf8(name)))));
+    }
     const QtWindows windows(bench.files, bench.folder.path());
     const QIcon icon = QGuiApplication::windowIcon();
-    EXPECT_EQ(icon.availableSizes(), (QList<QSize>{{32, 32}, {64, 64}, {128, 128}}));
+    EXPECT_EQ(icon.availableSizes(), (QList<QSize>{{32, 32}, {128, 128}}));
     EXPECT_EQ(icon.pixmap(32, 32).toImage().pixelColor(16, 16), QColor(Qt::red));
 }
 

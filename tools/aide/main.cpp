@@ -47,7 +47,7 @@ int main(int count, char **arguments) {
         return 0;
     }
     const QString folder = QFileInfo(path).absolutePath();
-    QApplication::setWindowIcon(QIcon(folder + QStringLiteral("/IMAGES/logo.png")));
+    QApplication::setWindowIcon(QIcon(folder + QStringLiteral("/IMAGES/icone-64.png")));
     grimoval::HelpWindow window(std::move(*help), folder);
     alone.asked = [&window](const QString &wanted) {
         window.ask(wanted);

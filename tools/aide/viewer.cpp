@@ -136,7 +136,7 @@ QVariant HelpText::loadResource(int type, const QUrl &name) {
 
 HelpWindow::HelpWindow(HelpFile help, const QString &folder)
     : factor_(factorOf(QGuiApplication::primaryScreen())),
-      background_(folder + QStringLiteral("/IMAGES/fond_dialogue.png")) {
+      background_(folder + QStringLiteral("/IMAGES/fond_dialogue.jpg")) {
     setStyleSheet(sheetOf(factor_));
     setFont(fontOf(18 * factor_));
     text_ = new HelpText(std::move(help), factor_, this);
