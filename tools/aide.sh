@@ -2,10 +2,11 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # Le Grimoval: makes the help file and the catalogue of the themes.
 #
-#   tools/aide.sh aide ASSETS FILE VIEWS  pages of ASSETS/aide, pictures of ASSETS/images, and of the
-#                                         windows in VIEWS -> FILE; vue_NAME.png of a page is NAME.png
-#   tools/aide.sh catalogue ASSETS FILE   themes of ASSETS/mots and their pictures -> FILE, a compiled
-#                                         help file (needs chmcmd, of Free Pascal)
+#   tools/aide.sh aide ASSETS FILE VIEWS           pages of ASSETS/aide, pictures of ASSETS/images, and of the
+#                                                  windows in VIEWS -> FILE; vue_NAME.png of a page is NAME.png
+#   tools/aide.sh catalogue ASSETS FILE PICTURES   themes of ASSETS/mots, their pictures made before in the
+#                                                  folder PICTURES -> FILE, a compiled help file (needs
+#                                                  chmcmd, of Free Pascal)
 #
 # The form of the help file is told in tools/aide/helpfile.h. The same sources give the same files, byte for
 # byte. Ends with 0 only when the file was made; it appears only when it is whole.
@@ -99,7 +100,7 @@ html() {
 heading() { sed -n "s/^$1 : *//p" "$2"; }
 
 catalogue() {
-    local assets=$1 file=$2 source stem title picture level words text list="$work/list"
+    local assets=$1 pictures=$2 source stem title picture level words text list="$work/list"
     for source in "$assets"/mots/*.txt; do
         stem=$(basename "$source" .txt)
         level=$(heading Niveau "$source" | escape)
@@ -109,11 +110,9 @@ catalogue() {
         [ -n "$title" ] && [ $words -gt 0 ] || die "$source is no theme"
         text=$(printf '<p>%sMots à trouver : <b>%d</b></p>' \
             "${level:+Niveau : <b>$level</b><br>}" $words)
-        if [ -n "$picture" ] && [ -f "$assets/images/themes/$picture.svg" ]; then
-            rsvg-convert -w 400 -h 300 -f png -o "$work/drawn.png" "$assets/images/themes/$picture.svg" ||
-                die "cannot draw $picture"
-            "$CONVERT" "$work/drawn.png" -background '#0b1440' -alpha remove -alpha off -colorspace sRGB -depth 8 \
-                -strip -quality 85 "JPEG:$work/$stem.jpg" || die "cannot make the picture of $stem"
+        if [ -n "$picture" ] && [ -f "$pictures/$picture.JPG" ]; then
+            "$CONVERT" "JPEG:$pictures/$picture.JPG" -resize 400x300 -strip -quality 85 "JPEG:$work/$stem.jpg" ||
+                die "cannot make the picture of $stem"
             text="<p><img src=\"$stem.jpg\" width=\"400\" height=\"300\" alt=\"\"></p>$text"
         fi
         printf '<h1>%s</h1>\n%s\n<p><a href="index.html">Tous les thèmes</a></p>\n' "$title" "$text" |
@@ -173,16 +172,16 @@ catalogue() {
 # Four bytes at a place of what was made.
 zero() { printf '\0\0\0\0' | dd of="$work/made" bs=1 seek="$1" conv=notrunc status=none; }
 
-[ $# -eq 3 ] || [ "$1 $#" = 'aide 4' ] || die "usage: aide.sh aide|catalogue ASSETS FILE [VIEWS]"
+[ $# -eq 4 ] || die "usage: aide.sh aide|catalogue ASSETS FILE VIEWS|PICTURES"
 work=$(mktemp -d "${TMPDIR:-/tmp}/aide.XXXXXX") || die "no room for a temporary folder"
 trap 'rm -rf "$work"' EXIT
 command -v rsvg-convert >/dev/null 2>&1 || die "rsvg-convert is missing (package librsvg2-bin)"
 CONVERT=$(find_tool convert-im6.q16 /usr/bin/convert magick) || die "ImageMagick is missing (package imagemagick)"
 case $1 in
-    aide) aide "$2" "$3" "${4:?the folder of the views}" ;;
+    aide) aide "$2" "$3" "$4" ;;
     catalogue)
         CHMCMD=$(find_tool chmcmd chmcmd-3.2.2) || die "chmcmd is missing (package fp-utils-3.2.2)"
-        catalogue "$2" "$3" ;;
+        catalogue "$2" "$4" ;;
     *) die "unknown word: $1" ;;
 esac
 mkdir -p "$(dirname "$3")" && cp "$work/made" "$3.part$$" && mv -f "$3.part$$" "$3" || die "cannot write $3"

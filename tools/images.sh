@@ -2,12 +2,13 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # Le Grimoval: makes the picture files of the program from their SVG sources.
 #
-#   tools/images.sh SOURCES DEST [KIND]
+#   tools/images.sh SOURCES DEST GRIMSCENE [KIND]
 #
-# SOURCES is the folder assets/images, DEST the folder to fill (made when missing).
+# SOURCES is the folder assets/images, DEST the folder to fill (made when missing), GRIMSCENE the program
+# that puts the things of a scene in their places (tools/scene).
 # KIND is one of the names below; without it every kind is made.
 #   faces    faces/NAME.svg   -> NAME.tga       32 bits with alpha, uncompressed, 256x256 (ovals 300x150)
-#   themes   themes/STEM.svg  -> STEM.JPG       1200x900, quality 90
+#   themes   themes/STEM.svg  -> STEM.JPG       1200x900
 #   defaut   defaut/IMGnn.svg -> IMGnn.BMP      800x600, 24 bits
 #   fonds    fonds/NAME.svg   -> fond_NAME.jpg  three times the size of the drawing, quality 92
 #   logo     logo.svg         -> logo.png       512x512
@@ -52,6 +53,13 @@ one() {
         icone*) w=${kind#icone-} h=$w; out=$kind.png ;;
     esac
 
+    case $kind in
+        themes | defaut)
+            # a scene: what it shares with the others is looked for beside it
+            XDG_RUNTIME_DIR=$work "$SCENE" "$src" "$work/scene.svg" && cp "${src%/*/*}/decor.svg" "$work" ||
+                die "$SCENE could not make the scene of $src"
+            src=$work/scene.svg ;;
+    esac
     if [ -n "$w" ]; then
         # drawn to that size whatever its own shape: so look first that the shape is right
         got=$(sed -n 's/.*viewBox="0 0 \([0-9]*\) \([0-9]*\)".*/\1 \2/p' "$src" | head -n 1)
@@ -120,10 +128,11 @@ if [ "$1" = --one ]; then
     exit 0
 fi
 
-[ $# -eq 2 ] || [ $# -eq 3 ] || die "usage: images.sh SOURCES DEST [faces|themes|defaut|fonds|logo|livre|icone]"
-sources=$1 dest=$2
+[ $# -eq 3 ] || [ $# -eq 4 ] ||
+    die "usage: images.sh SOURCES DEST GRIMSCENE [faces|themes|defaut|fonds|logo|livre|icone]"
+sources=$1 dest=$2 SCENE=$3
 all="faces themes defaut fonds logo livre icone"
-kinds=${3:-$all}
+kinds=${4:-$all}
 case $kinds in
     faces|themes|defaut|fonds|logo|livre|icone|"$all") ;;
     *) die "unknown kind: $kinds" ;;
@@ -132,7 +141,8 @@ esac
 [ -d "$sources" ] || die "no such folder of sources: $sources"
 command -v rsvg-convert >/dev/null 2>&1 || die "rsvg-convert is missing (package librsvg2-bin)"
 CONVERT=$(find_convert) || die "ImageMagick is missing (package imagemagick)"
-export CONVERT
+[ -x "$SCENE" ] || die "no such program: $SCENE"
+export CONVERT SCENE
 mkdir -p "$dest" && [ -w "$dest" ] || die "cannot write into $dest"
 
 list=$(mktemp "${TMPDIR:-/tmp}/images.XXXXXX") || die "no room for a temporary file"

@@ -24,9 +24,9 @@ ETAGES = {
     "tests": {"tools", "platform/scripted", "platform/qt", "shell/MAINGRIM", "scores", "bases",
               "game", "shell", "platform"},
 }
-# The viewer of the help and the maker of pictures are programs of their own, on the toolkit.
-VOIENT_LA_BOITE_A_OUTILS = ("main.cpp", "platform/qt/", "tests/qt/", "tools/aide/", "tools/vues/",
-                            "bench/window.bench.cpp")
+# The viewer of the help and the makers of pictures are programs of their own, on the toolkit.
+VOIENT_LA_BOITE_A_OUTILS = ("main.cpp", "platform/qt/", "tests/qt/", "tools/aide/", "tools/scene/",
+                            "tools/vues/", "bench/window.bench.cpp")
 BOITE_A_OUTILS = re.compile(r"^(Q[A-Z]\w*(/.*)?|Qt\w*(/.*)?|q\w+\.h|SDL.*)$")
 INCLUSION = re.compile(r'^\s*#\s*include\s*(?:"([^"]+)"|<([^>]+)>)', re.M)
 
