@@ -19,9 +19,8 @@
 namespace grimoval {
 
 FormWindow::FormWindow(Form &form, Host &host)
-    : form_(&form), host_(host),
-      surface_(form.parchment ? Surface::parchment : Surface::night),
-      background_(host.pictures.background(form.background)), factor_(host.factor) {
+    : form_(&form), host_(host), surface_(form.parchment ? Surface::parchment : Surface::night),
+      pictureSize_(host.pictures.backgroundSize(form.background)), factor_(host.factor) {
     setObjectName(QString::fromStdString(form.path()));
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_InputMethodEnabled, false);
@@ -267,7 +266,7 @@ void FormWindow::paintEvent(QPaintEvent * /*event*/) {
 // The picture is drawn for the places of the controls and lies where they lie; that of the backdrop
 // covers the screen, whatever its shape.
 void FormWindow::paintBackground(QPainter &painter) const {
-    if (background_.isNull()) {
+    if (!hasPicture()) {
         if (form_->backdrop) {
             painter.fillRect(rect(), toQt(form_->BackColor));
         } else {
@@ -277,13 +276,13 @@ void FormWindow::paintBackground(QPainter &painter) const {
     }
     QRect target = rect().adjusted(origin_.x(), origin_.y(), -origin_.x(), -origin_.y());
     if (form_->backdrop) {
-        target.setSize(background_.size().scaled(size(), Qt::KeepAspectRatioByExpanding));
+        target.setSize(pictureSize_.scaled(size(), Qt::KeepAspectRatioByExpanding));
         target.moveCenter(rect().center());
     }
     painter.fillRect(rect(), shade::night.darker(200));
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.drawImage(target, background_.scaled(target.size() * devicePixelRatioF(),
-                                                 Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+    painter.drawImage(
+        target, host_.pictures.background(form_->background, target.size() * devicePixelRatioF()));
 }
 
 QRect FormWindow::ringOf(const QWidget *widget) const {

@@ -55,7 +55,7 @@ public:
     Pictures &pictures() const { return host_.pictures; }
     Speaker &speaker() { return *speaker_; }
     Surface surface() const { return surface_; }
-    bool hasPicture() const { return !background_.isNull(); }
+    bool hasPicture() const { return pictureSize_.isValid(); }
     double factor() const { return factor_; }
     // Where a place of the design lies in the window.
     QRect onScreen(const Place &place) const;
@@ -91,7 +91,7 @@ private:
     Form *form_;
     Host &host_;
     Surface surface_;
-    QImage background_;
+    QSize pictureSize_; // as the file has it
     Speaker *speaker_ = new Speaker(this);
     QPixmap painted_; // the background at the window's size
     std::vector<std::unique_ptr<Mirror>> mirrors_;

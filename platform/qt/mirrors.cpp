@@ -26,8 +26,9 @@ LabelMirror::LabelMirror(FormWindow &window, Label &control)
 void LabelMirror::refresh(const PropertyBase * /*property*/) {
     refreshWidget();
     const bool pictured = subject_.look == Label::Look::title && window_.hasPicture();
-    view_->write({pictured ? QString() : toQt(subject_.Caption), subject_.ForeColor, subject_.FontSize, subject_.look,
-                  subject_.alignment, subject_.bold, subject_.wraps,
+    view_->write({pictured ? QString() : toQt(subject_.Caption), subject_.ForeColor,
+                  subject_.FontSize, subject_.look, subject_.alignment, subject_.bold,
+                  subject_.wraps,
                   subject_.look == Label::Look::player ? toQt(subject_.ToolTipText) : QString()});
     speak();
 }

@@ -15,6 +15,7 @@ Pictures::Pictures(Files &files, const Texte &dataFolder)
 
 namespace {
 
+constexpr qsizetype kept = 12'000'000;      // bytes: all faces, and a picture of a theme or two
 constexpr int largest = 8192;               // pixels a side
 constexpr qint64 largestFile = 300'000'000; // bytes: a plain picture of that size
 
@@ -46,11 +47,13 @@ const QImage &Pictures::read(const QString &file) {
     const qint64 writtenAt = info.lastModified().toMSecsSinceEpoch();
     auto found = entries_.find(file);
     if (found == entries_.end() || found->writtenAt != writtenAt || found->length != info.size()) {
-        if (entries_.size() >= kept) {
+        const QImage image = info.isFile() ? decode(file) : QImage();
+        held_ += image.sizeInBytes();
+        if (held_ > kept) {
             entries_.clear();
+            held_ = image.sizeInBytes();
         }
-        found = entries_.insert(file,
-                                {writtenAt, info.size(), info.isFile() ? decode(file) : QImage()});
+        found = entries_.insert(file, {writtenAt, info.size(), image});
     }
     return found->image;
 }
@@ -76,9 +79,24 @@ QImage Pictures::image(const Texte &path) {
     }
 }
 
-QImage Pictures::stored(const std::string &name, const Texte &ending) {
+QImage Pictures::design(const std::string &name) {
     return name.empty() ? QImage()
-                        : image(folder_ + u"IMAGES" + separator + fromUtf8(name) + ending);
+                        : image(folder_ + u"IMAGES" + separator + fromUtf8(name) + u".png");
+}
+
+QString Pictures::backgroundFile(const std::string &name) {
+    return QString::fromStdString(
+        files_.resolve(folder_ + u"IMAGES" + separator + u"fond_" + fromUtf8(name) + u".jpg"));
+}
+
+QSize Pictures::backgroundSize(const std::string &name) {
+    return name.empty() ? QSize() : QImageReader(backgroundFile(name)).size();
+}
+
+QImage Pictures::background(const std::string &name, QSize pixels) {
+    QImageReader reader(backgroundFile(name));
+    reader.setScaledSize(pixels);
+    return reader.read();
 }
 
 } // namespace grimoval

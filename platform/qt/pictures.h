@@ -18,10 +18,13 @@ public:
     void check(const Texte &path);
     // A null image for what cannot be shown.
     QImage image(const Texte &path);
-    // A picture stored in a window: `IMAGES/<name>.png` of the program's data; null if there is none.
-    QImage design(const std::string &name) { return stored(name, u".png"); }
-    // The background of a window: `IMAGES/fond_<name>.jpg`.
-    QImage background(const std::string &name) { return stored("fond_" + name, u".jpg"); }
+    // A picture stored in a window: `IMAGES/<name>.png` of the program's data; null if there is
+    // none.
+    QImage design(const std::string &name);
+    // The background of a window, `IMAGES/fond_<name>.jpg`, read at just the size that it is wanted
+    // in and not kept; null, and no size, if there is none.
+    QImage background(const std::string &name, QSize pixels);
+    QSize backgroundSize(const std::string &name);
 
 private:
     struct Entry {
@@ -29,13 +32,12 @@ private:
         QImage image;
     };
     const QImage &read(const QString &file);
-    QImage stored(const std::string &name, const Texte &ending);
-
-    static constexpr int kept = 64; // pictures
+    QString backgroundFile(const std::string &name);
 
     Files &files_;
     Texte folder_;
     QHash<QString, Entry> entries_;
+    qsizetype held_ = 0; // bytes of the pictures that are kept
 };
 
 } // namespace grimoval

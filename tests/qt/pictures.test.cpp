@@ -81,8 +81,10 @@ TEST_F(PicturesTest, TheDesignsPicturesLieInTheImagesFolder) {
     save(u"IMAGES/logo.png", {4, 4}, Qt::green, "PNG");
     save(u"IMAGES/fond_FMenu.jpg", {5, 5}, Qt::blue, "JPG");
     EXPECT_EQ(pictures.design("logo").width(), 4);
-    EXPECT_EQ(pictures.background("FMenu").width(), 5);
-    EXPECT_TRUE(pictures.background("autre").isNull());
+    EXPECT_EQ(pictures.backgroundSize("FMenu").width(), 5);
+    EXPECT_EQ(pictures.background("FMenu", {40, 30}).size(), QSize(40, 30));
+    EXPECT_FALSE(pictures.backgroundSize("autre").isValid());
+    EXPECT_TRUE(pictures.background("autre", {40, 30}).isNull());
     EXPECT_TRUE(pictures.design("").isNull());
     EXPECT_TRUE(pictures.image(u"").isNull());
 }
