@@ -18,7 +18,7 @@ void FMenu::dessiner() {
     titleBar = true;
     background = "FMenu";
 
-    VSDessin.place = {330, 285, 4080, 3060};
+    VSDessin.place = {330, 300, 4140, 3105};
     VSDessin.Visible = false;
     VSDessin.ToolTipText = u"Image du thème";
     VSDessin.accessibleName = u"Image du thème";
