@@ -332,4 +332,11 @@ void Files::replace(const Texte &path, const std::string &bytes) {
     }
 }
 
+void Files::flushFolder(const Texte &folder) {
+    const Descriptor opened(::open(resolve(folder).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (opened < 0 || ::fsync(opened) != 0) {
+        fail(errno);
+    }
+}
+
 } // namespace grimoval

@@ -86,6 +86,8 @@ public:
     std::string read(const Texte &path);           // the whole file
     // Puts a whole new content in the place of a file, or leaves the old one whole.
     void replace(const Texte &path, const std::string &bytes);
+    // What was created, renamed or removed in a folder is on the disk when it returns.
+    void flushFolder(const Texte &folder);
     // Names of the plain files that fit a pattern ('*' and '?', case-blind), in order of their
     // capitals. Empty for a folder that cannot be read.
     std::vector<Texte> list(const Texte &folder, const Texte &pattern);

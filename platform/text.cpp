@@ -19,6 +19,37 @@ constexpr std::array<char16_t, 32> highControls = {
 
 constexpr char16_t replacement = 0xFFFD;
 
+// The character at a place, and on to the next; nothing for what is ill-formed.
+std::optional<char32_t> nextCharacter(std::string_view bytes, std::size_t &place) {
+    const auto lead = static_cast<unsigned char>(bytes[place++]);
+    std::size_t more = 0;
+    char32_t code = lead;
+    if (lead >= 0xC2 && lead <= 0xDF) {
+        more = 1;
+        code = lead & 0x1F;
+    } else if (lead >= 0xE0 && lead <= 0xEF) {
+        more = 2;
+        code = lead & 0x0F;
+    } else if (lead >= 0xF0 && lead <= 0xF4) {
+        more = 3;
+        code = lead & 0x07;
+    } else if (lead >= 0x80) {
+        return {};
+    }
+    std::size_t got = 0;
+    while (got < more && place < bytes.size() &&
+           (static_cast<unsigned char>(bytes[place]) & 0xC0) == 0x80) {
+        code = (code << 6) | (static_cast<unsigned char>(bytes[place++]) & 0x3F);
+        ++got;
+    }
+    const bool overlong = (more == 2 && code < 0x800) || (more == 3 && code < 0x10000);
+    const bool surrogate = code >= 0xD800 && code <= 0xDFFF;
+    if (got < more || overlong || surrogate || code > 0x10FFFF) {
+        return {};
+    }
+    return code;
+}
+
 void appendUtf8(std::string &out, char16_t unit) {
     if (unit < 0x80) {
         out += static_cast<char>(unit);
@@ -155,38 +186,20 @@ Texte plainCapitals(std::u16string_view text) { return SortText(text).letters; }
 Texte fromUtf8(std::string_view bytes) {
     Texte text;
     text.reserve(bytes.size());
-    std::size_t i = 0;
-    while (i < bytes.size()) {
-        const auto lead = static_cast<unsigned char>(bytes[i]);
-        std::size_t length = 1;
-        char32_t code = lead;
-        if (lead >= 0xC2 && lead <= 0xDF) {
-            length = 2;
-            code = lead & 0x1F;
-        } else if (lead >= 0xE0 && lead <= 0xEF) {
-            length = 3;
-            code = lead & 0x0F;
-        } else if (lead >= 0xF0 && lead <= 0xF4) {
-            length = 4;
-            code = lead & 0x07;
-        } else if (lead >= 0x80) {
-            text += replacement;
-            ++i;
-            continue;
-        }
-        std::size_t used = 1;
-        while (used < length && i + used < bytes.size() &&
-               (static_cast<unsigned char>(bytes[i + used]) & 0xC0) == 0x80) {
-            code = (code << 6) | (static_cast<unsigned char>(bytes[i + used]) & 0x3F);
-            ++used;
-        }
-        const bool overlong = (length == 3 && code < 0x800) || (length == 4 && code < 0x10000);
-        const bool surrogate = code >= 0xD800 && code <= 0xDFFF;
-        const bool whole = used == length && !overlong && !surrogate && code <= 0xFFFF;
-        text += whole ? static_cast<char16_t>(code) : replacement;
-        i += used;
+    for (std::size_t place = 0; place < bytes.size();) {
+        const std::optional<char32_t> code = nextCharacter(bytes, place);
+        text += code && *code <= 0xFFFF ? static_cast<char16_t>(*code) : replacement;
     }
     return text;
+}
+
+bool isUtf8(std::string_view bytes) {
+    for (std::size_t place = 0; place < bytes.size();) {
+        if (!nextCharacter(bytes, place)) {
+            return false;
+        }
+    }
+    return true;
 }
 
 std::string toUtf8(std::u16string_view text) {

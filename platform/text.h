@@ -27,6 +27,7 @@ Texte plainCapitals(std::u16string_view text);
 // UTF-8 in and out; what is ill-formed becomes U+FFFD, what lies beyond 16 bits too.
 Texte fromUtf8(std::string_view bytes);
 std::string toUtf8(std::u16string_view text);
+bool isUtf8(std::string_view bytes); // well-formed throughout
 
 // Windows-1252 in and out; what has no place there becomes '?'.
 Texte fromAnsi(std::string_view bytes);

@@ -5,7 +5,6 @@
 #include "support/game.h"
 
 #include <gtest/gtest.h>
-#include <sstream>
 
 namespace grimoval::test::grimbases {
 
@@ -15,13 +14,7 @@ using outils::Theme;
 struct WordBases : testing::Test {
     TemporaryFolder folder;
     Files files;
-    std::vector<Probleme> problems;
 
-    Theme read(const std::string &source, const Texte &name = u"ESSAI.txt") {
-        folder.write(u"sources/" + name, source);
-        problems.clear();
-        return outils::lireTheme(files, folder.path(u"sources"), name, problems);
-    }
     static std::vector<std::string> told(const std::vector<Probleme> &all) {
         std::vector<std::string> lines;
         for (const Probleme &problem : all) {
@@ -42,82 +35,6 @@ struct WordBases : testing::Test {
 };
 
 using Told = std::vector<std::string>;
-
-TEST_F(WordBases, ReadHeadingsAndAWordALineWithoutCommentsAndBlankLines) {
-    const Theme theme =
-        read("\xEF\xBB\xBF# commentaire\r\n\r\n  TITRE: Les été \t\r\nimagé   :  plage\r\n"
-             "Niveau : Moyen\n\norigine : un livre : celui-là\nL'ÉTÉ CHAUD (SAISON : ICI)\n"
-             "  PORTE-MANTEAU  2 \n#FIN\nDERNIER",
-             u"mer_1.txt");
-    EXPECT_EQ(told(problems), Told{});
-    EXPECT_EQ(toUtf8(theme.fichier), "MER_1");
-    EXPECT_EQ(toUtf8(theme.titre), "Les été");
-    EXPECT_EQ(toUtf8(theme.image), "PLAGE");
-    ASSERT_EQ(theme.entrees.size(), 3u);
-    EXPECT_EQ(toUtf8(theme.entrees[0].texte), "L'ÉTÉ CHAUD (SAISON : ICI)");
-    EXPECT_EQ(theme.entrees[0].ligne, 8);
-    EXPECT_EQ(toUtf8(theme.entrees[1].texte), "PORTE-MANTEAU  2");
-    EXPECT_EQ(toUtf8(theme.entrees[2].texte), "DERNIER");
-    EXPECT_EQ(theme.entrees[2].ligne, 11);
-}
-
-TEST_F(WordBases, ReadAPlainListOfWordsAsAThemeNamedByItsFile) {
-    const Theme theme = read("CHAT\nCHIEN\n", u"mes_mots.txt");
-    EXPECT_EQ(told(problems), Told{});
-    EXPECT_EQ(toUtf8(theme.titre), "Mes mots");
-    EXPECT_EQ(theme.image, Texte());
-    EXPECT_EQ(theme.entrees.size(), 2u);
-    EXPECT_EQ(toUtf8(read("Titre :\nImage :\nMOTS\n").titre), "ESSAI");
-    EXPECT_EQ(told(problems), Told{});
-}
-
-TEST_F(WordBases, TellWhatIsWrongWithAHeading) {
-    read("Titer : Faute\nTitre : Un\nTITRE : Deux\nNiveau : dur\nMOTS\nImage : TARD\nA : BCD\n");
-    EXPECT_EQ(told(problems),
-              (Told{"ESSAI.txt:1 Titer : Faute : les en-têtes sont Titre, Image, Niveau et Origine",
-                    "ESSAI.txt:3 TITRE : Deux : cet en-tête est déjà plus haut",
-                    "ESSAI.txt:4 Niveau : dur : le niveau est facile, moyen ou difficile",
-                    "ESSAI.txt:6 Image : TARD : un en-tête se met avant le premier mot"}));
-}
-
-TEST_F(WordBases, TellEveryProblemOfASourceWithItsLine) {
-    read("BONNE\nbonne\nBONNE\nAB\nABCDEFGHIJKLMNOPQRSTUVWXYZABCDE\nŁÓDŹ VILLE\n"
-         "MOT (bas permis ici)\nÉTÉS\nTRÈS BON\n");
-    EXPECT_EQ(
-        told(problems),
-        (Told{"ESSAI.txt:2 bonne : le mot doit être en capitales",
-              "ESSAI.txt:3 BONNE : l'entrée est déjà dans ce thème",
-              "ESSAI.txt:4 AB : il y a moins de 3 lettres à trouver",
-              "ESSAI.txt:5 ABCDEFGHIJKLMNOPQRSTUVWXYZABCDE : l'entrée a plus de 30 caractères",
-              "ESSAI.txt:6 ŁÓDŹ VILLE : un caractère n'existe pas dans les fichiers du jeu",
-              "ESSAI.txt:8 ÉTÉS : il y a moins de 3 lettres à trouver"}));
-}
-
-TEST_F(WordBases, TellWhatIsWrongWithASourceAsAWhole) {
-    read("");
-    EXPECT_EQ(told(problems), Told{"ESSAI.txt:0 il n'y a aucun mot"});
-    read("Titre : Titre\nImage : IMAGE\n");
-    EXPECT_EQ(problems.size(), 1u);
-    read("MOTS\n", u"TROPLONGNOM.txt");
-    EXPECT_EQ(told(problems), Told{"TROPLONGNOM.txt:0 le nom du fichier doit avoir 1 à 8 lettres "
-                                   "sans accent ou chiffres"});
-    read("MOTS\n", u"été.txt");
-    EXPECT_EQ(problems.size(), 1u);
-    read("Titre : Un titre qui dépasse trente lettres\nImage : UNEIMAGEDETROP\nMOTS\n");
-    EXPECT_EQ(told(problems),
-              (Told{"ESSAI.txt:1 Titre : Un titre qui dépasse trente lettres : le titre a plus de "
-                    "30 caractères ou un caractère inconnu du jeu",
-                    "ESSAI.txt:2 Image : UNEIMAGEDETROP : le nom de l'image doit avoir 1 à 8 "
-                    "lettres sans accent ou chiffres"}));
-}
-
-TEST_F(WordBases, TakeAnEntryOfExactly30CharactersAndThreeLetters) {
-    read(
-        "Titre : Titre de trente caractères xxx\nImage : IMAGES88\nABCDEFGHIJKLMNOPQRSTUVWXYZABCD\n"
-        "A-B 2C\n",
-        u"ABCDEFGH.txt");
-    EXPECT_EQ(told(problems), Told{});
-}
 
 TEST_F(WordBases, WriteBothFilesByteByByte) {
     folder.makeFolder(u"MASK");
@@ -209,7 +126,9 @@ TEST_F(WordBases, AreCheckedForAllThatTheGameWouldRefuse) {
               "ABSENT.DBS:3 le fichier de la base manque",
               "MORT.DBS:4 la base est hors service mais son fichier existe",
               "MOTS.DBS:2 chien : le mot doit être en capitales",
-              "MOTS.DBS:3 ÉTÉ : il y a moins de 3 lettres à trouver"}));
+              "MOTS.DBS:3 ÉTÉ : il n'y a pas 3 lettres à trouver (une lettre accentuée est montrée "
+              "dès "
+              "le début) : changez ou effacez cette ligne"}));
 }
 
 TEST_F(WordBases, WithoutAGoodOneStopTheGameAndTheCheckSaysSo) {
@@ -218,14 +137,56 @@ TEST_F(WordBases, WithoutAGoodOneStopTheGameAndTheCheckSaysSo) {
     EXPECT_EQ(check().back(), "GRIMV.LST:0 aucune base n'est bonne : le jeu s'arrête");
 }
 
-TEST_F(WordBases, ArePrintedThemeByThemeWithTheirWords) {
-    folder.write(u"MASK/ETE.DBS", wordRecords({u"ÉTÉ", u"SABLE"}));
-    folder.write(u"MASK/GRIMV.LST", baseRecord(1, 2, u"ete", u"L'été", u"PLAGE") +
-                                        baseRecord(2, 5, u"MORT", u"Mort", u"", 0));
-    std::ostringstream output;
-    outils::listerBases(files, mask(), output);
-    EXPECT_EQ(output.str(), "L'été (ETE.DBS, 2 mots, image PLAGE)\n  ÉTÉ\n  SABLE\n"
-                            "Mort (MORT.DBS, 5 mots, image , hors service)\n");
+TEST_F(WordBases, ThatNoListNamesAreRemarkedAndHarmNothing) {
+    folder.write(u"MASK/A.DBS", wordRecords({u"CHAT"}));
+    folder.write(u"MASK/SEULE.DBS", wordRecords({u"CHIEN"}));
+    folder.write(u"MASK/GRIMV.LST", baseRecord(1, 1, u"A"));
+    const outils::Problemes problems = outils::verifierBases(files, mask());
+    EXPECT_EQ(told(problems), Told{"SEULE.DBS:0 aucun thème ne se sert de ce fichier"});
+    EXPECT_FALSE(outils::graves(problems));
+}
+
+TEST_F(WordBases, ThatChangeGetAFileOfTheirOwnAndTheOldOneGoes) {
+    folder.makeFolder(u"MASK");
+    outils::construireBases(files, {theme(u"AA", {u"CHAT"}), theme(u"BB", {u"CHIEN"})}, mask());
+    const std::string same = folder.read(u"MASK/BB.DBS");
+    outils::construireBases(files, {theme(u"AA", {u"CHAT", u"RAT"}), theme(u"BB", {u"CHIEN"})},
+                            mask());
+    EXPECT_EQ(folder.list(), (Told{"MASK/", "MASK/AA_2.DBS", "MASK/BB.DBS", "MASK/GRIMV.LST"}));
+    EXPECT_EQ(folder.read(u"MASK/BB.DBS"), same);
+    EXPECT_EQ(check(), Told{});
+    // Once more the same: nothing is renamed.
+    outils::construireBases(files, {theme(u"AA", {u"CHAT", u"RAT"}), theme(u"BB", {u"CHIEN"})},
+                            mask());
+    EXPECT_EQ(folder.list(), (Told{"MASK/", "MASK/AA_2.DBS", "MASK/BB.DBS", "MASK/GRIMV.LST"}));
+}
+
+TEST_F(WordBases, NeverTakeTheNameOfAFileThatIsNotTheirsNorThatOfADeadRecord) {
+    folder.write(u"MASK/AA.DBS", "autre chose");
+    folder.write(u"MASK/GRIMV.LST",
+                 baseRecord(1, 1, u"aa_2", u"T", u"", 0) + baseRecord(2, 1, u"X"));
+    outils::construireBases(files, {theme(u"AA", {u"CHAT"})}, mask());
+    EXPECT_EQ(folder.list(), (Told{"MASK/", "MASK/AA.DBS", "MASK/AA_3.DBS", "MASK/GRIMV.LST"}));
+    EXPECT_EQ(folder.read(u"MASK/AA.DBS"), "autre chose");
+}
+
+TEST_F(WordBases, OfNamesThatAreAlikeAreNumbered) {
+    folder.makeFolder(u"MASK");
+    std::vector<Theme> many;
+    for (int i = 0; i < 12; ++i) {
+        many.push_back({u"DICTEEDE", u"Titre " + decimal(i), u"", {{0, u"CHAT"}}});
+    }
+    outils::construireBases(files, many, mask());
+    EXPECT_TRUE(folder.exists(u"MASK/DICTEE_9.DBS"));
+    EXPECT_TRUE(folder.exists(u"MASK/DICTE_12.DBS"));
+    EXPECT_EQ(check(), Told{});
+}
+
+TEST_F(WordBases, LeaveNothingOfAWriterThatDied) {
+    folder.write(u"MASK/AA.DBS~", "reste");
+    folder.write(u"MASK/GRIMV.LST~", "reste");
+    outils::construireBases(files, {theme(u"AA", {u"CHAT"})}, mask());
+    EXPECT_EQ(folder.list(), (Told{"MASK/", "MASK/AA.DBS", "MASK/GRIMV.LST"}));
 }
 
 } // namespace grimoval::test::grimbases

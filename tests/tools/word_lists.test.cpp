@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The lists of words that the game comes with.
 #include "support/game.h"
+#include "tools/bases/listes.h"
 
 #include <gtest/gtest.h>
 #include <set>
@@ -15,8 +16,8 @@ struct WordLists : testing::Test {
     std::vector<outils::Probleme> problems;
 
     WordLists() {
-        for (const Texte &name : files.list(assets + u"mots", u"*.txt")) {
-            themes.push_back(outils::lireTheme(files, assets + u"mots", name, problems));
+        for (const Texte &path : outils::sourcesDe(files, assets + u"mots")) {
+            themes.push_back(outils::lireTheme(files, path, problems));
         }
     }
 };
@@ -46,6 +47,13 @@ TEST_F(WordLists, HoldNoEntryBeyond30CharactersAndNoneTwiceInATheme) {
             EXPECT_LE(entry.texte.size(), 30u) << toUtf8(entry.texte);
             EXPECT_TRUE(seen.insert(entry.texte).second) << toUtf8(entry.texte);
         }
+    }
+}
+
+TEST_F(WordLists, TellTheirLevelAndTheirOrigin) {
+    for (const outils::Theme &theme : themes) {
+        EXPECT_FALSE(theme.niveau.empty()) << toUtf8(theme.titre);
+        EXPECT_FALSE(theme.origine.empty()) << toUtf8(theme.titre);
     }
 }
 

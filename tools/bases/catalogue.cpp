@@ -1,17 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tools/bases/catalogue.h"
 
-#include <map>
-#include <ostream>
+#include "tools/bases/noms.h"
+
+#include <algorithm>
 #include <set>
 
 namespace grimoval::outils {
 
 namespace {
 
-Texte cheminListe(const Texte &dossier) { return asFolder(dossier) + u"GRIMV.LST"; }
-
-Texte nomDeBase(const TypeBase &base) { return upper(trim(base.Fichier.text())) + u".DBS"; }
+const Texte fin = u".DBS";
 
 // Whole records of a file that is only looked at: opening it for records would create a missing
 // one.
@@ -27,15 +26,125 @@ std::vector<Enregistrement> lireEnregistrements(Files &fichiers, const Texte &ch
     return enregistrements;
 }
 
+// What takes the place of the set in a folder.
+class Installation {
+public:
+    Installation(Files &fichiers, const Texte &dossier, std::vector<Fiche> &fiches)
+        : fichiers_(fichiers), dossier_(asFolder(dossier)), fiches_(fiches) {
+        if (fichiers.exists(cheminListe(dossier))) {
+            anciennes_ = lireCatalogue(fichiers, dossier);
+        }
+        for (const TypeBase &base : anciennes_) {
+            nommees_.insert(racineDe(base));
+        }
+    }
+
+    void ecrireLesBases() {
+        for (const Fiche &fiche : fiches_) {
+            if (!fiche.mots) {
+                prises_.insert(racineDe(fiche.base));
+            }
+        }
+        for (Fiche &fiche : fiches_) {
+            if (fiche.mots) {
+                const Texte racine = racinePour(fiche);
+                prises_.insert(racine);
+                fiche.base.Fichier = racine;
+                fiche.base.NbMots = static_cast<int>(fiche.mots->size() / TypeMot::taille);
+                if (!memesMots(racine, *fiche.mots)) {
+                    fichiers_.replace(dossier_ + racine + fin, *fiche.mots);
+                    ecrites_.push_back(dossier_ + racine + fin);
+                }
+            }
+        }
+        fichiers_.flushFolder(dossier_);
+    }
+    void changerLaListe() {
+        std::string liste;
+        int numero = 0;
+        for (Fiche &fiche : fiches_) {
+            fiche.base.Numero = ++numero;
+            liste += fiche.base.ecrire();
+        }
+        fichiers_.replace(cheminListe(dossier_), liste);
+    }
+    void effacer(bool toutes) {
+        for (const Texte &nom : fichiers_.list(dossier_, u"*.dbs")) {
+            const Texte racine = upper(nom.substr(0, nom.size() - fin.size()));
+            if (!prises_.contains(racine) && (toutes || nommees_.contains(racine))) {
+                fichiers_.remove(dossier_ + nom);
+            }
+        }
+    }
+    void annuler() {
+        for (const Texte &chemin : ecrites_) {
+            fichiers_.remove(chemin);
+        }
+    }
+    // What a process that died while writing has left.
+    void effacerLesRestes() {
+        for (const Texte &motif : {Texte(u"*.DBS~"), Texte(u"GRIMV.LST~")}) {
+            for (const Texte &nom : fichiers_.list(dossier_, motif)) {
+                fichiers_.remove(dossier_ + nom);
+            }
+        }
+    }
+
+private:
+    bool memesMots(const Texte &racine, const std::string &mots) {
+        const Texte chemin = dossier_ + racine + fin;
+        return fichiers_.exists(chemin) &&
+               fichiers_.length(chemin) == static_cast<std::int64_t>(mots.size()) &&
+               fichiers_.read(chemin) == mots;
+    }
+    // A file in the folder serves only where it holds these very words: until the list is switched
+    // the old one counts.
+    bool libre(const Texte &racine, const std::string &mots) {
+        if (prises_.contains(racine)) {
+            return false;
+        }
+        return fichiers_.exists(dossier_ + racine + fin) ? memesMots(racine, mots)
+                                                         : !nommees_.contains(racine);
+    }
+    Texte racinePour(const Fiche &fiche) {
+        for (const TypeBase &ancienne : anciennes_) {
+            const Texte racine = racineDe(ancienne);
+            if (memeTitre(titreDe(ancienne), titreDe(fiche.base)) && estUneRacine(racine) &&
+                libre(racine, *fiche.mots)) {
+                return racine;
+            }
+        }
+        return racineLibre(racineDe(fiche.base),
+                           [&](const Texte &racine) { return libre(racine, *fiche.mots); });
+    }
+
+    Files &fichiers_;
+    const Texte dossier_;
+    std::vector<Fiche> &fiches_;
+    std::vector<TypeBase> anciennes_;
+    std::set<Texte> nommees_; // by the old list
+    std::set<Texte> prises_;  // by the new one
+    std::vector<Texte> ecrites_;
+};
+
 } // namespace
+
+Texte cheminListe(const Texte &dossier) { return asFolder(dossier) + u"GRIMV.LST"; }
+Texte racineDe(const TypeBase &base) { return upper(trim(base.Fichier.text())); }
+Texte titreDe(const TypeBase &base) { return trim(base.Titre.text()); }
+Texte fichierDe(const TypeBase &base) { return racineDe(base) + fin; }
 
 std::vector<TypeBase> lireCatalogue(Files &fichiers, const Texte &dossier) {
     return lireEnregistrements<TypeBase>(fichiers, cheminListe(dossier));
 }
 
-void construireBases(Files &fichiers, const std::vector<Theme> &themes, const Texte &dossier) {
-    std::string liste;
-    int numero = 0;
+std::vector<TypeMot> lireMots(Files &fichiers, const Texte &dossier, const TypeBase &base) {
+    return lireEnregistrements<TypeMot>(fichiers,
+                                        asFolder(dossier) + insideFolder(fichierDe(base)));
+}
+
+std::vector<Fiche> fichesPour(const std::vector<Theme> &themes) {
+    std::vector<Fiche> fiches;
     for (const Theme &theme : themes) {
         std::string mots;
         for (const Theme::Entree &entree : theme.entrees) {
@@ -43,107 +152,49 @@ void construireBases(Files &fichiers, const std::vector<Theme> &themes, const Te
             mot.Mot = entree.texte;
             mots += mot.ecrire();
         }
-        fichiers.replace(asFolder(dossier) + theme.fichier + u".DBS", mots);
         TypeBase base;
-        base.Numero = ++numero;
-        base.NbMots = static_cast<int>(theme.entrees.size());
         base.Fichier = theme.fichier;
         base.Titre = theme.titre;
         base.Image = theme.image;
         base.Actif = 1;
-        liste += base.ecrire();
+        fiches.push_back({base, mots});
     }
-    fichiers.replace(cheminListe(dossier), liste);
+    return fiches;
 }
 
-std::vector<Probleme> verifierBases(Files &fichiers, const Texte &dossier) {
-    std::vector<Probleme> problemes;
-    const auto signaler = [&](const Texte &fichier, int ligne, const Texte &texte) {
-        problemes.push_back({fichier, ligne, texte});
-    };
-    const Texte nomListe = u"GRIMV.LST";
-    std::vector<TypeBase> bases;
+std::vector<Fiche> fichesDe(Files &fichiers, const Texte &dossier) {
+    std::vector<Fiche> fiches;
+    if (fichiers.exists(cheminListe(dossier))) {
+        for (const TypeBase &base : lireCatalogue(fichiers, dossier)) {
+            if (base.Actif != 0) {
+                fiches.push_back({base});
+            }
+        }
+    }
+    return fiches;
+}
+
+void installer(Files &fichiers, const Texte &dossier, std::vector<Fiche> &fiches, bool seul) {
+    if (fiches.size() > leplusDeBases) {
+        throw Failure(failure::overflow);
+    }
+    Installation installation(fichiers, dossier, fiches);
+    installation.effacerLesRestes();
     try {
-        bases = lireCatalogue(fichiers, dossier);
-    } catch (const Failure &erreur) {
-        signaler(nomListe, 0, u"la liste est illisible : " + failureMeaning(erreur.number));
-        return problemes;
+        installation.ecrireLesBases();
+        installation.changerLaListe();
+    } catch (const Failure &) {
+        installation.annuler();
+        throw;
     }
-    if (bases.empty()) {
-        signaler(nomListe, 0, u"la liste est vide : le jeu s'arrête");
-        return problemes;
-    }
-    if (bases.size() > 32767 || bases.back().Numero != static_cast<int>(bases.size())) {
-        signaler(nomListe, 0,
-                 u"le numéro du dernier enregistrement n'est pas leur nombre : le jeu s'arrête");
-    }
-    std::map<Texte, int> libres;
-    for (const Texte &nom : fichiers.list(dossier, u"*.dbs")) {
-        ++libres[upper(nom)];
-    }
-    int numero = 0, bonnes = 0;
-    for (const TypeBase &base : bases) {
-        ++numero;
-        const Texte nom = nomDeBase(base);
-        const bool present = libres[nom] > 0;
-        if (present) {
-            --libres[nom];
-        }
-        if (base.Actif == 0) {
-            if (present) {
-                signaler(nom, numero, u"la base est hors service mais son fichier existe");
-            }
-            continue;
-        }
-        if (!present) {
-            signaler(nom, numero, u"le fichier de la base manque");
-            continue;
-        }
-        std::vector<TypeMot> mots;
-        try {
-            mots = lireEnregistrements<TypeMot>(fichiers, asFolder(dossier) + insideFolder(nom));
-        } catch (const Failure &erreur) {
-            signaler(nom, numero, failureMeaning(erreur.number));
-            continue;
-        }
-        if (mots.empty() || base.NbMots != static_cast<int>(mots.size())) {
-            signaler(nom, numero,
-                     u"la liste annonce " + decimal(base.NbMots) + u" mots, le fichier en a " +
-                         decimal(static_cast<int>(mots.size())));
-            continue;
-        }
-        ++bonnes;
-        int rang = 0;
-        for (const TypeMot &mot : mots) {
-            ++rang;
-            const Texte texte = trim(mot.Mot.text());
-            const Texte defaut = defautDeLEntree(texte);
-            if (!defaut.empty()) {
-                signaler(nom, rang, texte + u" : " + defaut);
-            }
-        }
-    }
-    if (bonnes == 0) {
-        signaler(nomListe, 0, u"aucune base n'est bonne : le jeu s'arrête");
-    }
-    return problemes;
+    // From here on the new list counts, whatever fails.
+    fichiers.flushFolder(dossier);
+    installation.effacer(seul);
 }
 
-void listerBases(Files &fichiers, const Texte &dossier, std::ostream &sortie) {
-    for (const TypeBase &base : lireCatalogue(fichiers, dossier)) {
-        const Texte nom = nomDeBase(base);
-        sortie << toUtf8(trim(base.Titre.text())) << " (" << toUtf8(nom) << ", "
-               << static_cast<int>(base.NbMots) << " mots, image "
-               << toUtf8(trim(base.Image.text())) << (base.Actif == 0 ? ", hors service" : "")
-               << ")\n";
-        if (base.Actif == 0) {
-            continue;
-        }
-        for (const TypeMot &mot :
-             lireEnregistrements<TypeMot>(fichiers, asFolder(dossier) + insideFolder(nom))) {
-            sortie << "  " << toUtf8(trim(mot.Mot.text())) << '\n';
-        }
-    }
+void construireBases(Files &fichiers, const std::vector<Theme> &themes, const Texte &dossier) {
+    std::vector<Fiche> fiches = fichesPour(themes);
+    installer(fichiers, dossier, fiches);
 }
 
 } // namespace grimoval::outils

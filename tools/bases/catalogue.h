@@ -1,24 +1,46 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Making, checking and printing a folder of word bases: GRIMV.LST and the .DBS files that it names.
+// A folder of word bases: GRIMV.LST and the .DBS files that it names.
 #pragma once
 
+#include "bases/TYPEGRIM.h"
 #include "tools/bases/theme.h"
-
-#include <iosfwd>
 
 namespace grimoval::outils {
 
-// Makes a base of each theme, then the list: base files first, each replaced whole, the list last,
-// so that what stands in the folder can be played at any instant.
+inline constexpr std::size_t leplusDeBases = 32767;
+
+// One theme of a folder. Where `mots` is set they are its words, as records, and its file is to be
+// written under a stem that is found for it; otherwise it stays what it is in the folder.
+struct Fiche {
+    TypeBase base;
+    std::optional<std::string> mots = {};
+};
+
+std::vector<Fiche> fichesPour(const std::vector<Theme> &themes);
+
+// The records of the list, without those that are dead; none where there is no list.
+std::vector<Fiche> fichesDe(Files &fichiers, const Texte &dossier);
+
+// Puts a new set in the place of the one in a folder, so that what stands there can be played at
+// any instant, also where the process dies: what is new is written beside the old files, then the
+// list is switched, then the files go that the old list alone named; with `seul` all other bases
+// too. A theme whose words are the same keeps its file. Fills in the stems and counts.
+void installer(Files &fichiers, const Texte &dossier, std::vector<Fiche> &fiches,
+               bool seul = false);
+
+// The themes as the set of a folder.
 void construireBases(Files &fichiers, const std::vector<Theme> &themes, const Texte &dossier);
 
 // All that the game would refuse in a folder, and why.
-std::vector<Probleme> verifierBases(Files &fichiers, const Texte &dossier);
+Problemes verifierBases(Files &fichiers, const Texte &dossier);
 
-// Themes and their words, as text.
-void listerBases(Files &fichiers, const Texte &dossier, std::ostream &sortie);
-
-// The records of the list; failures of the file layer go through.
+// Records as they stand; failures of the file layer go through.
 std::vector<TypeBase> lireCatalogue(Files &fichiers, const Texte &dossier);
+std::vector<TypeMot> lireMots(Files &fichiers, const Texte &dossier, const TypeBase &base);
+
+Texte cheminListe(const Texte &dossier);
+Texte racineDe(const TypeBase &base);  // in capitals, without blanks
+Texte titreDe(const TypeBase &base);   // without blanks around
+Texte fichierDe(const TypeBase &base); // with its ending
 
 } // namespace grimoval::outils

@@ -1,94 +1,133 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// grimbases: makes, checks and prints word bases.
-#include "tools/bases/catalogue.h"
+// grimbases: makes, changes, checks and prints word bases.
+#include "tools/bases/commandes.h"
+#include "tools/bases/noms.h"
 
+#include <algorithm>
 #include <iostream>
-#include <set>
+#include <sys/stat.h>
 
 namespace {
 
 using namespace grimoval;
 using namespace grimoval::outils;
 
-enum Statut { bon = 0, mauvaisesBases = 1, mauvaisAppel = 2 };
+constexpr Commande commandes[] = {
+    {u"ajouter", 1, 1000, "grimbases ajouter LISTE... [DOSSIER]",
+     "ajoute vos listes de mots au jeu ; une liste du même titre est remplacée", ajouter},
+    {u"retirer", 1, 1000, "grimbases retirer THÈME... [DOSSIER]",
+     "retire des thèmes, nommés par leur titre ou leur base", retirer},
+    {u"lister", 0, 1, "grimbases lister [DOSSIER]", "montre les thèmes et leurs mots", lister},
+    {u"verifier", 0, 1, "grimbases verifier [DOSSIER]",
+     "dit tout ce que le jeu refuserait, et pourquoi", verifier},
+    {u"refaire", 0, 1, "grimbases refaire [DOSSIER]",
+     "recrée les bases du jeu et celles que vous avez ajoutées, et leur liste", refaire},
+    {u"extraire", 1, 2, "grimbases extraire [DOSSIER] SORTIE",
+     "écrit chaque thème comme un texte, NOM.txt, dans le dossier SORTIE", extraire},
+    {u"construire", 2, 1000, "grimbases construire SOURCES... DOSSIER",
+     "fait de dossiers de listes toutes les bases d'un dossier, et leur liste", construire},
+};
 
-constexpr const char *aide =
-    "Usage :\n"
-    "  grimbases construire DOSSIER_SOURCES DOSSIER_MASK\n"
-    "      fait une base de chaque fichier .txt des sources, puis la liste GRIMV.LST\n"
-    "  grimbases verifier DOSSIER_MASK\n"
-    "      dit tout ce que le jeu refuserait, et pourquoi\n"
-    "  grimbases lister DOSSIER_MASK\n"
-    "      montre les thèmes et leurs mots\n"
-    "Une source est un texte en UTF-8 : un mot par ligne, et avant le premier, si l'on veut,\n"
+constexpr const char *suite =
+    "DOSSIER est le dossier MASK d'un jeu ; sans lui, c'est le jeu installé.\n"
+    "Une liste est un texte, ou le CSV d'un tableur : un mot par ligne ; une deuxième colonne, ou\n"
+    "une parenthèse, donne un indice. Avant le premier mot on peut écrire :\n"
     "  Titre : Les animaux\n"
     "  Image : NOM\n"
     "  Niveau : facile, moyen ou difficile\n"
-    "Les lignes vides et celles qui commencent par # ne comptent pas.\n";
+    "Statut : 0 tout est bon ; 1 une liste ou une base ne va pas ; 2 l'appel ne va pas.\n"
+    "Tout est dans « man grimbases ».\n";
 
-int dire(const std::vector<Probleme> &problemes) {
-    for (const Probleme &probleme : problemes) {
-        std::cerr << toUtf8(probleme.fichier);
-        if (probleme.ligne > 0) {
-            std::cerr << ':' << probleme.ligne;
-        }
-        std::cerr << " : " << toUtf8(probleme.texte) << '\n';
+void aider(std::ostream &sortie) {
+    sortie << "Usage : grimbases COMMANDE ...\n\n";
+    for (const Commande &commande : commandes) {
+        sortie << "  " << commande.usage << "\n      " << commande.aide << '\n';
     }
-    return problemes.empty() ? bon : mauvaisesBases;
+    sortie << "\n  grimbases [COMMANDE] --aide, grimbases --version\n\n" << suite;
 }
 
-int construire(Files &fichiers, const Texte &sources, const Texte &dossier) {
-    std::vector<Probleme> problemes;
-    std::vector<Theme> themes;
-    std::set<Texte> noms;
-    for (const Texte &nom : fichiers.list(sources, u"*.txt")) {
-        themes.push_back(lireTheme(fichiers, sources, nom, problemes));
-        if (!noms.insert(themes.back().fichier).second) {
-            problemes.push_back({nom, 0, u"un autre fichier porte déjà ce nom"});
-        }
-    }
-    if (themes.empty()) {
-        problemes.push_back({sources, 0, u"aucun fichier .txt dans ce dossier"});
-    }
-    if (!problemes.empty()) {
-        return dire(problemes);
-    }
-    construireBases(fichiers, themes, dossier);
-    return bon;
+void aider(const Commande &commande, std::ostream &sortie) {
+    sortie << "Usage : " << commande.usage << "\n  " << commande.aide << "\n\n" << suite;
 }
 
-int executer(const std::vector<Texte> &mots) {
-    Files fichiers;
-    if (mots.size() == 1 && mots[0] == u"--aide") {
-        std::cout << aide;
-        return bon;
+bool demandeDAide(const Texte &mot) { return mot == u"--aide" || mot == u"--help" || mot == u"-h"; }
+
+int refuserLaCommande(const Texte &mot) {
+    std::vector<Texte> connues;
+    std::transform(std::begin(commandes), std::end(commandes), std::back_inserter(connues),
+                   [](const Commande &commande) { return Texte(commande.nom); });
+    const Texte proche = leplusProche(mot, connues);
+    std::cerr << "grimbases : la commande « " << toUtf8(extrait(mot)) << " » n'existe pas";
+    if (proche.empty()) {
+        std::cerr << ".\n\n";
+        aider(std::cerr);
+    } else {
+        std::cerr << " : vouliez-vous dire « " << toUtf8(proche) << " » ?\n";
     }
-    if (mots.size() == 3 && mots[0] == u"construire") {
-        return construire(fichiers, mots[1], mots[2]);
-    }
-    if (mots.size() == 2 && mots[0] == u"verifier") {
-        return dire(verifierBases(fichiers, mots[1]));
-    }
-    if (mots.size() == 2 && mots[0] == u"lister") {
-        listerBases(fichiers, mots[1], std::cout);
-        return bon;
-    }
-    std::cerr << aide;
     return mauvaisAppel;
+}
+
+int executer(Appel &appel) {
+    if (appel.mots.empty()) {
+        aider(std::cerr);
+        return mauvaisAppel;
+    }
+    const Texte mot = appel.mots.front();
+    appel.mots.erase(appel.mots.begin());
+    if (demandeDAide(mot)) {
+        aider(std::cout);
+        return bon;
+    }
+    if (mot == u"--version") {
+        std::cout << "grimbases " GRIMOVAL_VERSION "\n";
+        return bon;
+    }
+    const auto commande =
+        std::find_if(std::begin(commandes), std::end(commandes), [&](const Commande &rangee) {
+            return upper(rangee.nom) == plainCapitals(mot);
+        });
+    if (commande == std::end(commandes)) {
+        return refuserLaCommande(mot);
+    }
+    if (std::any_of(appel.mots.begin(), appel.mots.end(), demandeDAide)) {
+        aider(*commande, std::cout);
+        return bon;
+    }
+    if (appel.mots.size() < commande->moins || appel.mots.size() > commande->plus) {
+        aider(*commande, std::cerr);
+        return mauvaisAppel;
+    }
+    return commande->faire(appel);
+}
+
+// As it could be typed again.
+Texte motDeLigne(const Texte &mot) {
+    Texte cite = u"'";
+    for (const char16_t c : mot) {
+        cite += c == u'\'' ? Texte(u"'\\''") : Texte(1, c);
+    }
+    const bool simple = mot.find_first_of(u" '\"\\$&();<>|*?[]#~`!") == Texte::npos;
+    return simple && !mot.empty() ? mot : cite + u"'";
 }
 
 } // namespace
 
 int main(int nombre, char **arguments) {
-    std::vector<Texte> mots;
+    // What is made is there for every account, also where the administrator's own files are not.
+    ::umask(::umask(0) & 022);
+    Appel appel{{}, {}, u"grimbases", std::cout, std::cerr};
     for (int i = 1; i < nombre; ++i) {
-        mots.push_back(fromUtf8(arguments[i]));
+        appel.mots.push_back(fromUtf8(arguments[i]));
+        appel.ligne += u" " + motDeLigne(appel.mots.back());
     }
     try {
-        return executer(mots);
+        return executer(appel);
+    } catch (const Arret &arret) {
+        std::cerr << "grimbases : " << toUtf8(arret.texte) << '\n';
+        return arret.statut;
     } catch (const Failure &erreur) {
-        std::cerr << "grimbases : erreur " << erreur.number << " : "
-                  << toUtf8(failureMeaning(erreur.number)) << '\n';
+        std::cerr << "grimbases : " << toUtf8(failureMeaning(erreur.number)) << " (erreur "
+                  << erreur.number << ")\n";
         return mauvaisesBases;
     }
 }

@@ -1,17 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The source of a theme: a text in UTF-8. Headings stand at its top, each "Clé : valeur" (Titre,
-// Image, Niveau, Origine, all of them optional), then one entry a line. Blank lines and lines that
-// begin with '#' are left out. The stem of the file's name becomes that of the base file, and the
-// title where none is given.
+// A theme as a person writes it. Headings stand at its top, each "Clé : valeur" (Titre, Image,
+// Niveau, Origine, all of them optional), then one entry a line, or the two columns of a table:
+// the word and its clue. Blank lines and lines that begin with '#' are left out.
 #pragma once
 
-#include "bases/TYPEGRIM.h"
 #include "platform/files.h"
+#include "tools/bases/probleme.h"
 
 namespace grimoval::outils {
 
 struct Theme {
-    Texte fichier; // stem, in capitals
+    Texte fichier; // the stem that the base should have
     Texte titre;
     Texte image; // stem, in capitals; empty for none
     struct Entree {
@@ -19,18 +18,18 @@ struct Theme {
         Texte texte;
     };
     std::vector<Entree> entrees;
+    Texte niveau = {}, origine = {};
+    Texte source = {}; // the file's name
 };
 
-// What is wrong, as a French sentence; where the matter is a line of a source, with its number.
-struct Probleme {
-    Texte fichier;
-    int ligne; // 0: the file as a whole
-    Texte texte;
-};
+// Reads a source and adds all that is to be said of it. Words are put in capitals.
+Theme lireTheme(Files &fichiers, const Texte &chemin, Problemes &problemes);
 
-// Reads a source; adds all that is wrong with it to `problemes`.
-Theme lireTheme(Files &fichiers, const Texte &dossier, const Texte &nom,
-                std::vector<Probleme> &problemes);
+// The same from a text that has been read, under the name of a file.
+Theme lireTexte(const std::string &octets, const Texte &nom, Problemes &problemes);
+
+// A source that gives the same theme.
+std::string ecrireTheme(const Theme &theme);
 
 // What the game would do badly with an entry; empty for a good one.
 Texte defautDeLEntree(const Texte &entree);

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Sources in folders: those that a game comes with, and those that were added to it, which outlive
+// the bases made of them.
+#pragma once
+
+#include "tools/bases/lieu.h"
+#include "tools/bases/theme.h"
+
+namespace grimoval::outils {
+
+// The sources of a folder, *.txt and *.csv, in order of their names; none of a missing folder.
+std::vector<Texte> sourcesDe(Files &fichiers, const Texte &dossier);
+
+// Adds a problem for each title that stands twice.
+void exigerDesTitresUniques(const std::vector<Theme> &themes, Problemes &problemes);
+
+// Keeps the source of a theme that is added, in the place of one with the same title.
+void garder(Files &fichiers, const Lieu &lieu, const Theme &theme);
+
+// Lets the sources with a title go; true if there was one.
+bool oublier(Files &fichiers, const Lieu &lieu, const Texte &titre);
+
+} // namespace grimoval::outils
