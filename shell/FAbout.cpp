@@ -1,16 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/FAbout.h"
 
+#include "shell/Createur.h"
+
 namespace grimoval {
-
-namespace {
-
-constexpr const char16_t *ligneDuCreateur = u"Un jeu de l'atelier Calvenor";
-constexpr const char16_t *nomDuCreateur = u"Atelier Calvenor, jeux éducatifs";
-constexpr const char16_t *courrielDuSupport = u"support@calvenor.example";
-constexpr const char16_t *adresseDuSite = u"https://www.calvenor.example/";
-
-} // namespace
 
 FAbout::FAbout(Globales &globales) : Fenetre(globales, "FAbout") {
     Width = 5715;
@@ -50,13 +43,13 @@ void FAbout::Form_Load() {
 }
 
 void FAbout::RemplirAPropos() {
-    VsAbout[2].Caption = ligneDuCreateur;
+    VsAbout[2].Caption = createur::ligne;
     Caption = u"A propos de l'application : " + g.TitreAppli;
     Txt[0].Caption = g.TitreAppli;
     Txt[1].Caption = u"Pour tous renseignements et remarques :";
-    g.TexteMessage = nomDuCreateur + g.SautLigne + u"FRANCE" + g.SautLigne + g.SautLigne +
-                     u"support technique : " + courrielDuSupport + g.SautLigne +
-                     u"site internet : " + adresseDuSite;
+    g.TexteMessage = createur::nom + g.SautLigne + u"FRANCE" + g.SautLigne + g.SautLigne +
+                     u"support technique : " + createur::courriel + g.SautLigne +
+                     u"site internet : " + createur::site;
     Txt[2].Caption = g.TexteMessage;
     g.TexteMessage.clear();
 }
@@ -84,7 +77,7 @@ void FAbout::Form_KeyDown(const Key &key) {
 
 void FAbout::CmdABout_Click(int index) {
     if (index == 1) {
-        g.VBTINI.AdresseWeb = adresseDuSite;
+        g.VBTINI.AdresseWeb = createur::site;
         g.VBTINI.Action(Clvutil::ouvrirSite);
     } else {
         unload();
@@ -97,7 +90,8 @@ void FAbout::Command2_Click() {
     const Texte version = decimal(Application::major) + u"." + decimal(Application::minor) + u"." +
                           decimal(Application::revision);
     g.services.documents.writeMail(
-        u"mailto:" + Texte(courrielDuSupport) + u"?Subject=" + Application::title + u" " + version +
+        u"mailto:" + Texte(createur::courriel) + u"?Subject=" + Application::title + u" " +
+        version +
         u"?&body=Veuillez saisir votre message et merci de ne pas modifier le titre "
         u"(sujet/subject)");
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/frmSplash.h"
 
+#include "shell/Createur.h"
+
 namespace grimoval {
 
 frmSplash::frmSplash(Globales &g) : Form(g.services.screen, "frmSplash") {
@@ -30,7 +32,7 @@ frmSplash::frmSplash(Globales &g) : Form(g.services.screen, "frmSplash") {
     lblCopyright.Click = fermer;
 }
 
-void frmSplash::Form_Load() { lblCopyright.Caption = u"Un jeu de l'atelier Calvenor"; }
+void frmSplash::Form_Load() { lblCopyright.Caption = createur::ligne; }
 
 void frmSplash::Form_KeyPress(Int16 & /*keyAscii*/) { unload(); }
 

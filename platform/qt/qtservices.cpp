@@ -52,8 +52,12 @@ void QtDocuments::openWeb(const Texte &address) {
     QDesktopServices::openUrl(QUrl::fromUserInput(toQt(address)));
 }
 
+// As it stands: QDesktopServices would write %20 for its blanks.
 void QtDocuments::writeMail(const Texte &address) {
-    QDesktopServices::openUrl(QUrl(toQt(address), QUrl::TolerantMode));
+    const QString mail = toQt(address);
+    if (!QProcess::startDetached(QStringLiteral("xdg-open"), {mail})) {
+        QDesktopServices::openUrl(QUrl(mail, QUrl::TolerantMode));
+    }
 }
 
 void QtDocuments::openDocument(const Texte &path) {

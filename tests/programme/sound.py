@@ -10,7 +10,7 @@ import unittest
 import wave
 
 from hearing import RATE, Prompt, SoundTest, rms
-from partie import main, wait_for
+from partie import Program, main, wait_for
 
 VOIX = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "tools", "voix.sh")
 
@@ -92,6 +92,53 @@ class Heard(SoundTest):
                                    delta=0.05)
         self.assertGreaterEqual(len(heard), at + prompt.frames)
         self.assertGreater(start + at + prompt.frames - gone, RATE // 4)
+
+
+class Remembered(SoundTest):
+    def boxes(self):
+        """What the sound options show, closed again by their second button."""
+        self.program.press("Configuration du son")
+        shown = [self.program.await_one("check box", name).checked for name in ("Musique", "Parole")]
+        self.program.press("Annuler")
+        return shown
+
+    def start_again(self):
+        self.agree_to_quit()
+        self.assertEqual(self.program.await_end(7), 0)
+        self.program = Program(self.screen, os.path.join(self.tree, "grimoval"))
+        start = self.ear.listen(0.2)  # the file begins anew with each run
+        self.pass_splash()
+        return start
+
+    def test_switches_outlive_the_run(self):
+        self.pass_splash()
+        self.assertEqual(self.boxes(), [True, True])
+        self.flip("Musique")
+        # The voice alone: the greeting, and silence behind it.
+        start = self.start_again()
+        greeting = Prompt(self.sound("CALVENO.Wav"))
+        heard = self.ear.heard(start, self.ear.listen(greeting.frames / RATE + 1.5))
+        at, share = greeting.find(heard)
+        self.assertAlmostEqual(share, 1, delta=0.05)
+        behind = heard[at + greeting.frames + RATE // 10:]
+        self.assertGreater(len(behind), RATE // 2)
+        self.assertFalse(any(behind))
+        self.assertEqual(self.boxes(), [False, True])
+        self.flip("Musique", "Parole")
+        # The tune alone, which is well under the voice.
+        start = self.start_again()
+        wait_for(lambda: any(self.ear.heard(self.ear.now() - RATE // 10)), "the tune")
+        heard = self.ear.heard(start, self.ear.listen(1.5))
+        self.assertLess(max(rms(heard[i:i + RATE // 4]) for i in range(0, len(heard), RATE // 4)),
+                        rms(greeting.values) / 2)
+        self.assertEqual(self.boxes(), [True, False])
+        self.flip("Musique")
+        # Neither.
+        start = self.start_again()
+        self.assertFalse(any(self.ear.heard(start, self.ear.listen(1.0))))
+        self.assertEqual(self.boxes(), [False, False])
+        for line in ("Music=0\n", "Parole=0\n", "WavPrésent=1\n", "MidiPrésent=1\n"):
+            self.assertIn(line, self.settings())
 
 
 class Mute(SoundTest):

@@ -5,6 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+#include <random>
+
 namespace grimoval::test::prompts {
 
 struct Prompt : testing::Test {
@@ -86,6 +89,21 @@ TEST_F(Prompt, ThatHasTwoFilesDrawsOneOfThem) {
         }
     }
     EXPECT_EQ(world.random.drawn, 0);
+}
+
+TEST_F(Prompt, ThatHasTwoFilesIsHeardAsBothOverManyDraws) {
+    std::mt19937 generator(1);
+    std::uniform_real_distribution<float> draw(0, 1);
+    for (const int number : {6, 7, 12}) {
+        std::map<Events, int> heard;
+        for (int i = 0; i < 400; ++i) {
+            world.random.numbers = {std::min(draw(generator), 0.9999F)};
+            ++heard[play(number)];
+        }
+        ASSERT_EQ(heard.size(), 2u) << number;
+        EXPECT_GT(heard.begin()->second, 150) << number;
+        EXPECT_LT(heard.begin()->second, 250) << number;
+    }
 }
 
 TEST_F(Prompt, NeedsTheDeviceAndTheSwitch) {
