@@ -105,8 +105,9 @@ class Remembered(SoundTest):
     def start_again(self):
         self.agree_to_quit()
         self.assertEqual(self.program.await_end(7), 0)
+        os.remove(self.ear.path)
         self.program = Program(self.screen, os.path.join(self.tree, "grimoval"))
-        start = self.ear.listen(0.2)  # the file begins anew with each run
+        start = self.ear.listen(0.2)
         self.pass_splash()
         return start
 
