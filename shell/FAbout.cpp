@@ -12,10 +12,10 @@ FAbout::FAbout(Globales &globales) : Fenetre(globales, "FAbout") {
     titleBar = true;
 
     // clang-format off
-    Txt[0].place      = {360,   300, 4995,  900};
-    VsAbout[2].place  = {360,  1440, 5055,  375};
-    Txt[1].place      = {360,  1980, 4995,  360};
-    Txt[2].place      = {480,  2400, 4875, 1350};
+    Txt[0].place      = {360,   360, 4995,  900};
+    VsAbout[2].place  = {360,  1680, 5055,  375};
+    Txt[1].place      = {360,  2160, 4995,  330};
+    Txt[2].place      = {480,  2520, 4875, 1290};
     // clang-format on
     Txt[0].FontSize = 26;
     Txt[0].bold = true;

@@ -148,10 +148,11 @@ void FormWindow::setDecoration(bool over, bool modal) {
     // Window systems tie dialogs alone to the window that they stand over.
     Qt::WindowFlags flags = over ? Qt::Dialog : Qt::Window;
     if (form_->titleBar) {
-        flags |= Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
-                 Qt::WindowCloseButtonHint;
+        // A window that stands over another is left by its own buttons.
+        flags |= Qt::CustomizeWindowHint | Qt::WindowTitleHint;
         if (!modal) {
-            flags |= Qt::WindowMinimizeButtonHint;
+            flags |=
+                Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint | Qt::WindowMinimizeButtonHint;
         }
         if (form_->WindowState == 2) {
             flags |= Qt::WindowMaximizeButtonHint;

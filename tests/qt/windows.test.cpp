@@ -86,6 +86,7 @@ TEST_F(Windows, AWindowWithoutATitleBarHasNoFrameAndTheCaptionIsTheTitle) {
     EXPECT_EQ(bench.window(bare)->windowTitle().toStdString(), " "); // not the program's own
     EXPECT_EQ(bench.window(bare)->accessibleName().toStdString(), "Le Grimoval");
     EXPECT_FALSE(bench.window(titled)->windowFlags() & Qt::FramelessWindowHint);
+    EXPECT_TRUE(bench.window(titled)->windowFlags() & Qt::WindowCloseButtonHint);
     EXPECT_EQ(bench.window(titled)->windowTitle().toStdString(), "Le titre");
     titled.Caption = u"Autre";
     EXPECT_EQ(bench.window(titled)->windowTitle().toStdString(), "Autre");
@@ -94,7 +95,7 @@ TEST_F(Windows, AWindowWithoutATitleBarHasNoFrameAndTheCaptionIsTheTitle) {
 TEST_F(Windows, TheBackdropFillsTheScreenInItsColourUnderTheOthers) {
     TestForm backdrop(bench.screen, "Fplein"), menu(bench.screen, "FMenu"),
         about(bench.screen, "FAbout");
-    backdrop.backdrop = true;
+    backdrop.backdrop = about.titleBar = true;
     backdrop.BackColor = Colour{0x000040};
     backdrop.show();
     FormWindow *plain = bench.window(backdrop);
@@ -108,6 +109,8 @@ TEST_F(Windows, TheBackdropFillsTheScreenInItsColourUnderTheOthers) {
             EXPECT_EQ(bench.window(about)->windowHandle()->transientParent(),
                       bench.window(menu)->windowHandle());
             EXPECT_EQ(bench.window(about)->windowModality(), Qt::ApplicationModal);
+            EXPECT_TRUE(bench.window(about)->windowFlags() & Qt::WindowTitleHint);
+            EXPECT_FALSE(bench.window(about)->windowFlags() & Qt::WindowCloseButtonHint);
             about.unload();
         });
         about.showModal();

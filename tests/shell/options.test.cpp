@@ -111,6 +111,22 @@ TEST(SoundOptions, WorkingValuesAreFilledAtEachActivationAndGoWithTheWindow) {
     EXPECT_EQ(game.all.option.ChoixParole, 0);
 }
 
+TEST(SoundOptions, ActivatedAnewGoBackToTheSwitches) {
+    Game game;
+    FOption &option = game.all.option;
+    option.show();
+    EXPECT_TRUE(option.ConfTSons[0].userClick());
+    EXPECT_TRUE(option.Etiquette[1].userClick());
+    EXPECT_EQ(option.ChoixMusique, 0);
+    EXPECT_EQ(option.ChoixParole, 0);
+    option.hide();
+    option.show();
+    EXPECT_EQ(option.ChoixMusique, 1);
+    EXPECT_EQ(option.ChoixParole, 1);
+    EXPECT_EQ(option.ConfTSons[0].Value, 1);
+    EXPECT_EQ(option.ConfTSons[1].Value, 1);
+}
+
 TEST(About, ShowsTheMakersLinesAndEachPaintGivesTheFocusToTheSite) {
     Game game;
     game.g.BoutonSite = true;
@@ -167,6 +183,7 @@ TEST(About, WithoutTheSiteItsButtonIsHidden) {
     game.g.BoutonSite = false;
     game.windows.expectModal("FAbout", [&](Form &) {
         EXPECT_FALSE(game.all.about.CmdABout[1].isVisible());
+        EXPECT_EQ(game.all.about.CmdABout[0].place.left, (5715 - 1200) / 2);
         game.press(Key::escape);
     });
     game.menu.lblAbout.userClick();
