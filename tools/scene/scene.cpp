@@ -9,6 +9,7 @@
 #include <QStringList>
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
+#include <algorithm>
 #include <cmath>
 #include <vector>
 
@@ -16,6 +17,8 @@ namespace scene {
 namespace {
 
 constexpr auto contact = "contact"; // the soft dark spot right under a thing
+constexpr double most = 10000;      // of any number in a scene
+constexpr int largest = 2000;       // side of a thing, and number of things scattered
 
 struct Attributes {
     QXmlStreamAttributes all;
@@ -51,8 +54,8 @@ struct Attributes {
     static double number(const QString &word) {
         bool good = false;
         const double value = word.toDouble(&good);
-        if (!good) {
-            throw Error(u"\"%1\" is no number"_qs.arg(word));
+        if (!good || !(std::abs(value) <= most)) {
+            throw Error(u"\"%1\" is no number, or too large"_qs.arg(word));
         }
         return value;
     }
@@ -145,6 +148,9 @@ struct Placing {
 
     void place(const Pose &pose, QPointF where, bool standing, const Look &look,
                const QXmlStreamAttributes &kept) {
+        if (!(std::max(pose.tall, pose.wide) >= 1 && std::max(pose.tall, pose.wide) <= largest)) {
+            throw Error(u"%1 is to be tall or wide, by 1 to %2"_qs.arg(pose.sign).arg(largest));
+        }
         const QImage image = figure(pose, look);
         out.writeStartElement(u"g"_qs);
         out.writeAttributes(kept);
@@ -172,9 +178,6 @@ struct Placing {
         pose.wide = own.oneNumber(L("wide"), 0);
         const bool standing = own.has(L("foot"));
         const std::vector<double> where = own.numbers(standing ? L("foot") : L("at"), 2);
-        if (pose.tall <= 0 && pose.wide <= 0) {
-            throw Error(u"%1 is to be tall or wide"_qs.arg(pose.sign));
-        }
         place(pose, {where[0], where[1]}, standing, look, own.all);
     }
 
@@ -184,8 +187,11 @@ struct Placing {
         const std::vector<double> box = own.numbers(L("box"), 4);
         const std::vector<double> sizes = own.numbers(L("sizes"), 2);
         const int count = static_cast<int>(own.oneNumber(L("count"), 10));
+        if (count < 0 || count > largest) {
+            throw Error(u"count=\"%1\" is not from 0 to %2"_qs.arg(count).arg(largest));
+        }
         const double turn = own.oneNumber(L("turn"), 0);
-        const auto seed = static_cast<unsigned>(own.oneNumber(L("seed"), 1));
+        const auto seed = static_cast<unsigned>(std::abs(own.oneNumber(L("seed"), 1)));
         out.writeStartElement(u"g"_qs);
         out.writeAttributes(own.all);
         for (const Spot &spot : scattered({box[0], box[1], box[2], box[3]}, count, sizes[0],
