@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The backdrop of large screens, a night landscape under every other window for the life of the program.
+// The backdrop of large screens, a night landscape under every other window for the life of the
+// program.
 #pragma once
 
 #include "shell/Globales.h"
