@@ -26,7 +26,6 @@ constexpr Mode modes[] = {
 FCHoix::FCHoix(Globales &globales, Fnom &nom) : Fenetre(globales, "FCHoix"), nom_(nom) {
     Width = 7200;
     Height = 6000;
-    background = "FCHoix";
     parchment = true;
     Caption = Application::title;
 

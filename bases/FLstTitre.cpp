@@ -9,7 +9,6 @@ FLstTitre::FLstTitre(Globales &globales, FMenu &menu)
     : Fenetre(globales, "FLstTitre"), menu_(menu) {
     Width = 6750;
     Height = 6300;
-    background = "FLstTitre";
     parchment = true;
     Caption = Application::title;
 

@@ -8,7 +8,6 @@ namespace grimoval {
 Fnom::Fnom(Globales &globales) : Fenetre(globales, "Fnom") {
     Width = 5700;
     Height = 3900;
-    background = "Fnom";
     parchment = true;
     Caption = Application::title;
 

@@ -16,7 +16,6 @@ void FMenu::dessiner() {
     Width = 12000;
     Height = 8700;
     titleBar = true;
-    background = "FMenu";
 
     VSDessin.place = {330, 300, 4140, 3105};
     VSDessin.Visible = false;

@@ -78,8 +78,7 @@ public:
 
     // What the design alone sets.
     int Width = 0, Height = 0; // inside, twips
-    std::string background;    // the name of the picture stored in the window; may be empty
-    bool parchment = false;    // that picture is light: dark ink stands on it
+    bool parchment = false;    // its picture is light: dark ink stands on it
     bool titleBar = false;
     bool centred = false;  // by the platform, on the screen
     bool backdrop = false; // lies under every other window of the program

@@ -39,7 +39,6 @@ Texte titreDuJournal(const Globales &g) { return g.TitreAppli + u"v3.0"; }
 FScore2::FScore2(Globales &globales) : Fenetre(globales, "FScore2") {
     Width = 9165;
     Height = 7455;
-    background = "FScore2";
     parchment = true;
     Caption = Application::title;
 

@@ -8,7 +8,6 @@ namespace grimoval {
 FAbout::FAbout(Globales &globales) : Fenetre(globales, "FAbout") {
     Width = 5715;
     Height = 5370;
-    background = "FAbout";
     titleBar = true;
 
     // clang-format off

@@ -9,7 +9,6 @@ namespace grimoval {
 FOption::FOption(Globales &globales) : Fenetre(globales, "FOption") {
     Width = 4395;
     Height = 2880;
-    background = "FOption";
     parchment = true;
     Caption = Application::title;
 

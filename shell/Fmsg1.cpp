@@ -6,7 +6,6 @@ namespace grimoval {
 Fmsg1::Fmsg1(Globales &globales) : Fenetre(globales, "Fmsg1") {
     Width = 5355;
     Height = 2070;
-    background = "Fmsg1";
     parchment = true;
     centred = true;
     Caption = Application::title;

@@ -11,7 +11,6 @@ class Fplein : public Form {
 public:
     explicit Fplein(Globales &g) : Form(g.services.screen, "Fplein") {
         backdrop = true;
-        background = "Fplein";
         Width = g.services.screen.Width();
         Height = g.services.screen.Height();
     }

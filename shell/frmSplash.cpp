@@ -8,7 +8,6 @@ namespace grimoval {
 frmSplash::frmSplash(Globales &g) : Form(g.services.screen, "frmSplash") {
     Width = 6555;
     Height = 2565;
-    background = "frmSplash";
     centred = true;
     Caption = Application::title;
 

@@ -8,7 +8,6 @@
 
 #include <QCloseEvent>
 #include <QGuiApplication>
-#include <QPainter>
 #include <QScreen>
 #include <QTimer>
 #include <QWindow>
@@ -20,7 +19,7 @@ namespace grimoval {
 
 FormWindow::FormWindow(Form &form, Host &host)
     : form_(&form), host_(host), surface_(form.parchment ? Surface::parchment : Surface::night),
-      pictureSize_(host.pictures.backgroundSize(form.background)), factor_(host.factor) {
+      pictureSize_(host.pictures.backgroundSize(form.path())), factor_(host.factor) {
     setObjectName(QString::fromStdString(form.path()));
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_InputMethodEnabled, false);

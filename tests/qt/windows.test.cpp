@@ -23,22 +23,6 @@ TEST_F(Windows, TheScreenIsTold15TwipsAPixel) {
     EXPECT_EQ(bench.screen.Height(), size.height() * 15);
 }
 
-TEST_F(Windows, TheDesktopKnowsThemByTheMenuEntryAndTheIcon) {
-    EXPECT_EQ(QGuiApplication::desktopFileName(), QStringLiteral("grimoval"));
-    EXPECT_TRUE(QGuiApplication::windowIcon().isNull()); // no picture, no icon
-    bench.folder.makeFolder(u"IMAGES");
-    for (const int side : {32, 128}) {
-        QImage image(side, side, QImage::Format_ARGB32);
-        image.fill(Qt::red);
-        const std::string name = "IMAGES/icone-" + std::to_string(side) + ".png";
-        ASSERT_TRUE(image.save(QString::fromStdString(bench.folder.bytePath(fromUtf8(name)))));
-    }
-    const QtWindows windows(bench.files, bench.folder.path());
-    const QIcon icon = QGuiApplication::windowIcon();
-    EXPECT_EQ(icon.availableSizes(), (QList<QSize>{{32, 32}, {128, 128}}));
-    EXPECT_EQ(icon.pixmap(32, 32).toImage().pixelColor(16, 16), QColor(Qt::red));
-}
-
 TEST_F(Windows, OneFactorFillsMostOfTheScreenAndLeavesRoomForATitleBarAndAPanel) {
     EXPECT_DOUBLE_EQ(QtWindows::factorFor({800, 600}), 1);
     EXPECT_NEAR(QtWindows::factorFor({1024, 600}), 0.910, 0.001);
@@ -342,16 +326,6 @@ TEST_F(Windows, ProcessEventsLetsWaitingActionsIn) {
     Bench::later([&] { done = true; });
     bench.screen.processEvents();
     EXPECT_TRUE(done);
-}
-
-TEST_F(Windows, AWindowWithoutAPictureOfItsOwnIsNeverGrey) {
-    for (const char *name : {"", "dialogue"}) {
-        TestForm form(bench.screen);
-        form.background = name;
-        form.show();
-        const QColor seen = bench.window(form)->grab().toImage().pixelColor(200, 150);
-        EXPECT_GT(std::abs(seen.red() - seen.blue()), 20) << name;
-    }
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 // What all windows have in common: their place, their opening, their pointer, their faces.
 #include "support/game.h"
 
+#include <fstream>
 #include <gtest/gtest.h>
 
 namespace grimoval::test::dressing {
@@ -124,6 +125,22 @@ TEST(Faces, AreSetByTheWindowsThemselvesFromTheFolderOfImages) {
         form->load();
         EXPECT_EQ(shown(button->Face), images + file) << button->path();
     }
+}
+
+// Its viewBox is the window's inside in units of 15 twips; that of the backdrop has any shape.
+TEST(Drawings, HaveTheShapeOfTheWindowThatBearsTheirName) {
+    Game game;
+    for (Form *form : std::initializer_list<Form *>{
+             &game.all.splash, &game.all.about, &game.all.option, &game.question, &game.menu,
+             &game.titles, &game.choice, &game.names, &game.score}) {
+        const std::string path = GRIMOVAL_SOURCES "/assets/images/fonds/" + form->path() + ".svg";
+        std::ifstream drawing(path);
+        const std::string text{std::istreambuf_iterator<char>(drawing), {}};
+        const std::string box = "viewBox=\"0 0 " + std::to_string(form->Width / 15) + " " +
+                                std::to_string(form->Height / 15) + "\"";
+        EXPECT_NE(text.find(box), std::string::npos) << path << ": " << box;
+    }
+    EXPECT_TRUE(std::ifstream(GRIMOVAL_SOURCES "/assets/images/fonds/Fplein.svg").good());
 }
 
 TEST(Backdrop, IsAPlainDarkBlueMaximisedWithoutControlsUnderEveryWindow) {
