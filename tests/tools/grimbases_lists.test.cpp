@@ -175,6 +175,18 @@ TEST_F(OwnLists, OfAGameWithoutSourcesAreInItsBasesAlone) {
     EXPECT_EQ(offered(), shippedOffer); // the installed game is another one
 }
 
+TEST_F(OwnLists, AreAddedBesideBadBasesWithAWarning) {
+    copyWithoutSources();
+    std::filesystem::remove(in(u"cle/MASK/MER.DBS"));
+    const Answer answer = run({"ajouter", list(u"a.txt", "ALGUE\n"), in(u"cle")});
+    EXPECT_EQ(answer.status, 0);
+    EXPECT_EQ(answer.errors,
+              "Attention : d'autres bases de ce dossier ont un défaut. « grimbases verifier » le "
+              "dit, « grimbases refaire » recrée la liste.\n");
+    good({"refaire", in(u"cle")});
+    good({"verifier", in(u"cle")});
+}
+
 TEST_F(OwnLists, OfAGameWithoutSourcesGetAListAgain) {
     copyWithoutSources();
     const std::string list = folder.read(u"cle/MASK/GRIMV.LST");

@@ -96,6 +96,14 @@ std::vector<Fiche> reparer(Appel &appel, const Texte &dossier) {
     return fiches;
 }
 
+// The game warns at each opening of the chooser of what else is wrong.
+void direLesAutresDefauts(Appel &appel, const Lieu &lieu) {
+    if (graves(verifierBases(appel.fichiers, lieu.masque))) {
+        appel.erreurs << "Attention : d'autres bases de ce dossier ont un défaut. « grimbases "
+                         "verifier » le dit, « grimbases refaire » recrée la liste.\n";
+    }
+}
+
 const Texte *dernierSi(const Appel &appel, bool unDossier) {
     return unDossier ? &appel.mots.back() : nullptr;
 }
@@ -162,6 +170,7 @@ int ajouter(Appel &appel) {
     }
     appel.sortie << (remplace ? "Une liste du même titre est remplacée.\n" : "")
                  << "Dans le jeu : bouton « Changer de thème ».\n";
+    direLesAutresDefauts(appel, lieu);
     return bon;
 }
 
@@ -219,6 +228,7 @@ int retirer(Appel &appel) {
                                : "")
                      << '\n';
     }
+    direLesAutresDefauts(appel, lieu);
     return bon;
 }
 
