@@ -22,7 +22,9 @@ const Kind kinds[] = {{"themes", "*.JPG", ".JPG", {1200, 900}, 32},
 
 QStringList stems(const QString &folder, const QString &pattern) {
     QStringList names;
-    for (const QFileInfo &file : QDir(folder).entryInfoList({pattern}, QDir::Files, QDir::Name)) {
+    // The pictures of the windows end in small letters.
+    for (const QFileInfo &file :
+         QDir(folder).entryInfoList({pattern}, QDir::Files | QDir::CaseSensitive, QDir::Name)) {
         names += file.completeBaseName();
     }
     return names;
