@@ -36,7 +36,7 @@ void FormWindow::paintBackground(QPainter &painter) const {
         if (form_->backdrop) {
             painter.fillRect(rect(), toQt(form_->BackColor));
         } else {
-            drawBackground(painter, QRectF(rect()), QImage(), surface_, factor_);
+            drawBackground(painter, QRectF(rect()), surface_, factor_);
         }
         return;
     }

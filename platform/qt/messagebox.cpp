@@ -140,7 +140,7 @@ void MessageBox::open() {
 void MessageBox::paintEvent(QPaintEvent * /*event*/) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    drawBackground(painter, QRectF(rect()), {}, Surface::parchment, factor_);
+    drawBackground(painter, QRectF(rect()), Surface::parchment, factor_);
 }
 
 void MessageBox::keyPressEvent(QKeyEvent *event) {

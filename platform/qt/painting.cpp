@@ -79,21 +79,7 @@ void drawNinePatch(QPainter &painter, const QRectF &area, const QImage &picture,
     }
 }
 
-void drawBackground(QPainter &painter, const QRectF &area, const QImage &picture, Surface surface,
-                    double factor) {
-    if (!picture.isNull()) {
-        if (surface == Surface::parchment) {
-            drawNinePatch(painter, area, picture, factor);
-        } else {
-            const QSizeF size =
-                QSizeF(picture.size()).scaled(area.size(), Qt::KeepAspectRatioByExpanding);
-            QRectF target(QPointF(), size);
-            target.moveCenter(area.center());
-            painter.setRenderHint(QPainter::SmoothPixmapTransform);
-            painter.drawImage(target, picture);
-        }
-        return;
-    }
+void drawBackground(QPainter &painter, const QRectF &area, Surface surface, double factor) {
     QLinearGradient sky(area.topLeft(), area.bottomLeft());
     if (surface == Surface::parchment) {
         sky.setColorAt(0, shade::parchmentLight);
@@ -115,7 +101,7 @@ void drawBackground(QPainter &painter, const QRectF &area, const QImage &picture
 void drawPanel(QPainter &painter, const QRectF &area, Surface surface, double factor) {
     const bool onNight = surface == Surface::night;
     const QRectF inside = area.adjusted(factor, factor, -factor, -factor);
-    painter.setBrush(onNight ? QColor(5, 10, 38, 150) : QColor(255, 250, 236, 150));
+    painter.setBrush(onNight ? QColor(5, 10, 38, 215) : QColor(255, 250, 236, 215));
     painter.setPen(QPen(onNight ? shade::gold : shade::goldDark, 1.4 * factor));
     painter.drawRoundedRect(inside, 12 * factor, 12 * factor);
 }

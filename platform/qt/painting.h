@@ -24,9 +24,8 @@ double fittingPixels(const QString &text, QSizeF place, double pixels, bool bold
 void drawFitted(QPainter &painter, const QRectF &place, const QString &text, double pixels,
                 bool bold, bool wraps, Qt::Alignment alignment, const QColor &colour);
 
-// The background of a window: its picture, or one painted for want of it.
-void drawBackground(QPainter &painter, const QRectF &area, const QImage &picture, Surface surface,
-                    double factor);
+// The background of a window that has no picture.
+void drawBackground(QPainter &painter, const QRectF &area, Surface surface, double factor);
 // A picture of 600 units a side whose margin of 40 units keeps its size.
 void drawNinePatch(QPainter &painter, const QRectF &area, const QImage &picture, double factor);
 

@@ -207,7 +207,11 @@ void HelpWindow::comeToFront() {
 
 void HelpWindow::paintEvent(QPaintEvent * /*event*/) {
     QPainter painter(this);
-    drawBackground(painter, rect(), background_, Surface::parchment, factor_);
+    if (background_.isNull()) {
+        drawBackground(painter, rect(), Surface::parchment, factor_);
+    } else {
+        drawNinePatch(painter, rect(), background_, factor_);
+    }
 }
 
 } // namespace grimoval
