@@ -234,14 +234,14 @@ class Hearing:
 class Program:
     """The program under test, in its own process."""
 
-    def __init__(self, screen, executable):
+    def __init__(self, screen, *command):
         self.screen = screen
-        self.executable = executable
-        self.process = screen.start([executable])
+        self.command = list(command)
+        self.process = screen.start(self.command)
 
     def second(self):
         """Another instance, at the same time."""
-        return self.screen.start([self.executable])
+        return self.screen.start(self.command)
 
     def windows(self):
         desktop = Atspi.get_desktop(0)
