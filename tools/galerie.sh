@@ -1,6 +1,7 @@
 #!/bin/bash
 # SPDX-License-Identifier: GPL-3.0-or-later
-# Le Grimoval: pictures of every window at several sizes, side by side in FOLDER/index.html.
+# Le Grimoval: pictures of every window at several sizes, side by side in FOLDER/index.html, with those
+# of the gallery before it, which stays in FOLDER-avant.
 #
 #   tools/galerie.sh VUES DATA FOLDER SIZE...     a size: 1366x768, or 2732x1536@2 with its pixel ratio
 #
@@ -18,6 +19,12 @@ blind='protanopie:0.152286,1.052583,-0.204868,0.114503,0.786281,0.099216,-0.0038
 deuteranopie:0.367322,0.860646,-0.227968,0.280085,0.672501,0.047413,-0.011820,0.042940,0.968881
 tritanopie:1.255528,-0.076749,-0.178779,-0.078411,0.930809,0.147602,0.004733,0.691367,0.303900'
 
+# The gallery before this one stays beside it, to compare.
+before=${folder%/}-avant
+if [ -f "$folder/index.html" ]; then
+    rm -rf "${before:?}"
+    mv "$folder" "$before"
+fi
 for size; do
     rm -rf "${folder:?}/$size"
     mkdir -p "$folder/$size"
@@ -46,6 +53,9 @@ FIN
         printf '<h2>%s</h2>\n<div>\n' "$caption"
         for size; do
             figure "$size/$name.png" "$size"
+            if [ -f "$before/$size/$name.png" ]; then
+                figure "../${before##*/}/$size/$name.png" "$size, avant"
+            fi
         done
         printf '</div>\n'
     done <"$folder/$1/vues.txt"
