@@ -58,7 +58,8 @@ class Heard(SoundTest):
         first, _ = wrong.find(rest)
         cut = (second - first) / wrong.frames
         self.assertTrue(0.1 < cut < 0.9, cut)
-        self.assertAlmostEqual(wrong.share(rest, first, 0, cut), 1, delta=0.05)
+        # The end of the first may be silent for a step of the mixer before the second begins.
+        self.assertAlmostEqual(wrong.share(rest, first, 0, cut), 1, delta=0.15)
         self.assertAlmostEqual(wrong.share(rest, first, cut, 1), 0, delta=0.05)
 
         # Without the voice a wrong letter is silent; with it again the next prompt sounds.
