@@ -12,6 +12,7 @@ import wave
 from hearing import RATE, Prompt, SoundTest, rms
 from partie import Program, main, wait_for
 
+STEP = 1024  # frames that the mixer makes at a time
 VOIX = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "tools", "voix.sh")
 
 
@@ -59,7 +60,8 @@ class Heard(SoundTest):
         cut = (second - first) / wrong.frames
         self.assertTrue(0.1 < cut < 0.9, cut)
         # The end of the first may be silent for a step of the mixer before the second begins.
-        self.assertAlmostEqual(wrong.share(rest, first, 0, cut), 1, delta=0.15)
+        self.assertAlmostEqual(wrong.share(rest, first, 0, cut - STEP / wrong.frames), 1,
+                               delta=0.05)
         self.assertAlmostEqual(wrong.share(rest, first, cut, 1), 0, delta=0.05)
 
         # Without the voice a wrong letter is silent; with it again the next prompt sounds.
