@@ -46,7 +46,6 @@ private:
     Int16 motsNonTrouves(std::size_t joueur) const;
     Texte ligneDeSeparation();
     Texte composer(const Texte &separation);
-    void ajouterAuJournal(const Texte &journal, const Texte &enregistrement);
     void imprimerEntete(Pen &plume);
     void imprimerTable(Pen &plume);
 };
