@@ -19,6 +19,15 @@ constexpr qsizetype kept = 12'000'000;      // bytes: all faces, and a picture o
 constexpr int largest = 8192;               // pixels a side
 constexpr qint64 largestFile = 300'000'000; // bytes: a plain picture of that size
 
+// By its first bytes: without a format Qt would load all its plug-ins and ask each.
+QByteArray formatOf(QFile &file) {
+    const QByteArray start = file.peek(4);
+    return start == "\x89PNG"                 ? "png"
+           : start.startsWith("\xff\xd8\xff") ? "jpeg"
+           : start.startsWith("BM")           ? "bmp"
+                                              : QByteArray();
+}
+
 QImage decode(const QString &name) {
     QFile file(name);
     if (!file.open(QIODevice::ReadOnly) || file.size() > largestFile) {
@@ -30,7 +39,7 @@ QImage decode(const QString &name) {
         }
         file.seek(0); // another kind of picture under this name
     }
-    QImageReader reader(&file);
+    QImageReader reader(&file, formatOf(file));
     reader.setAutoTransform(true);
     const QSize size = reader.size();
     if (size.width() > largest || size.height() > largest) {
