@@ -9,7 +9,6 @@
 #include "shell/MAINGRIM.h"
 
 #include <QApplication>
-#include <QTimer>
 
 int main(int count, char **arguments) {
     using namespace grimoval;
@@ -27,7 +26,10 @@ int main(int count, char **arguments) {
     Services services{screen, files, clock, random, sound, documents, application, printer};
     Globales g(services);
     FenetresDuJeu fenetres(g);
-    QTimer::singleShot(0, &toolkit, motion::followDesktop); // the splash comes first
+    windows.afterFirstPicture([&] { // the splash comes first
+        sound.open();
+        motion::followDesktop();
+    });
 
     // The leave-taking is heard to its end after the last window has gone.
     windows.guard().end = [&sound](int status) {

@@ -3,9 +3,12 @@
 #include "platform/qt/formwindow.h"
 #include "platform/qt/nativeviews.h"
 
+#include <QCoreApplication>
 #include <QPainter>
+#include <QTimer>
 
 #include <cmath>
+#include <utility>
 
 namespace grimoval {
 
@@ -26,6 +29,9 @@ void FormWindow::paintEvent(QPaintEvent * /*event*/) {
     painter.drawPixmap(0, 0, painted_);
     if (const QRect ring = ringOf(focusWidget()); !ring.isEmpty() && isActiveWindow()) {
         drawFocusRing(painter, QRectF(ring), 9 * factor_, factor_);
+    }
+    if (host_.firstPicture) {
+        QTimer::singleShot(0, qApp, std::exchange(host_.firstPicture, {}));
     }
 }
 

@@ -25,7 +25,8 @@ struct Host {
     std::function<bool(const Form &)> reaches;
     // Events being handled, one inside the other; no window is deleted under any of them.
     int depth = 0;
-    std::function<void()> idle; // the outermost one is done
+    std::function<void()> idle;         // the outermost one is done
+    std::function<void()> firstPicture; // of any window is on the screen
 };
 
 class FormWindow : public QWidget {

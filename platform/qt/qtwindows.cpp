@@ -33,7 +33,7 @@ QIcon iconOf(Pictures &pictures) {
 
 QtWindows::QtWindows(Files &files, const Texte &dataFolder)
     : guard_([this](const Message &report) { message(report); }),
-      pictures_(files, dataFolder), host_{guard_, pictures_, 1, {}, 0, {}} {
+      pictures_(files, dataFolder), host_{guard_, pictures_, 1, {}, 0, {}, {}} {
     host_.reaches = [this](const Form &form) {
         return boxes_.empty() && form.screen().reaches(form);
     };

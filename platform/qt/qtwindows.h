@@ -21,6 +21,9 @@ public:
     // Everything that the program does runs here, from its start on.
     Guard &guard() { return guard_; }
 
+    // Once: as soon as somebody sees something.
+    void afterFirstPicture(std::function<void()> action) { host_.firstPicture = std::move(action); }
+
     // One for all windows made after; from the screen at first.
     double factor() const { return host_.factor; }
     void setFactor(double factor) { host_.factor = factor; }

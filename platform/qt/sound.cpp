@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/qt/sound.h"
 
-#include <SDL.h>
-#include <SDL_mixer.h>
+#include "platform/qt/mixerlibrary.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -14,11 +13,13 @@ namespace {
 constexpr int frequency = 44100, channels = 2, chunkFrames = 1024;
 constexpr int waveChannel = 0;
 constexpr int musicVolume = MIX_MAX_VOLUME * 90 / 100; // the tune is written to lie under the voice
-constexpr std::int64_t largestSound = 32 << 20;        // bytes; ours are far smaller
+// An open device asks for sound forty times a second, be there any or not.
+constexpr std::chrono::seconds silence{10}, forever{3600};
+constexpr std::int64_t largestSound = 32 << 20; // bytes; ours are far smaller
 
 // What the library or the user has set, or else the usual places of a General MIDI soundfont.
-std::string findSoundfont() {
-    if (const char *known = Mix_GetSoundFonts()) {
+std::string findSoundfont(const char *known) {
+    if (known != nullptr) {
         const std::string first = std::string(known).substr(0, std::string(known).find(';'));
         std::error_code error;
         if (std::filesystem::is_regular_file(first, error)) {
@@ -51,27 +52,33 @@ std::string findSoundfont() {
 } // namespace
 
 struct MixerSound::Mixer {
+    MixerLibrary library;
+    bool there = false; // the library is
     Mix_Chunk *chunk = nullptr;
     Mix_Music *music = nullptr;
     std::string tune; // that starts again at its end, until it is stopped
     bool open = false;
 
     Opening start() {
-        SDL_SetMainReady();
+        there = there || library.load();
+        if (!there) {
+            return Opening::silent;
+        }
+        library.SDL_SetMainReady();
         // Signals stay the program's: an end that is asked for from outside is an end.
-        SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
-        if (SDL_Init(SDL_INIT_AUDIO) != 0 ||
-            Mix_OpenAudio(frequency, MIX_DEFAULT_FORMAT, channels, chunkFrames) != 0) {
+        library.SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
+        if (library.SDL_Init(SDL_INIT_AUDIO) != 0 ||
+            library.Mix_OpenAudio(frequency, MIX_DEFAULT_FORMAT, channels, chunkFrames) != 0) {
             return Opening::silent;
         }
         open = true;
-        Mix_AllocateChannels(1);
-        Mix_VolumeMusic(musicVolume);
-        if ((Mix_Init(MIX_INIT_MID) & MIX_INIT_MID) == 0) {
+        library.Mix_AllocateChannels(1);
+        library.Mix_VolumeMusic(musicVolume);
+        if ((library.Mix_Init(MIX_INIT_MID) & MIX_INIT_MID) == 0) {
             return Opening::waveOnly;
         }
-        const std::string soundfont = findSoundfont();
-        if (soundfont.empty() || Mix_SetSoundFonts(soundfont.c_str()) == 0) {
+        const std::string soundfont = findSoundfont(library.Mix_GetSoundFonts());
+        if (soundfont.empty() || library.Mix_SetSoundFonts(soundfont.c_str()) == 0) {
             return Opening::waveOnly;
         }
         return Opening::both;
@@ -81,10 +88,12 @@ struct MixerSound::Mixer {
         if (open) {
             dropWave();
             dropMusic();
-            Mix_CloseAudio();
+            library.Mix_CloseAudio();
             open = false;
         }
-        SDL_Quit();
+        if (there) {
+            library.SDL_Quit();
+        }
     }
 
     // A device that went away, or the server behind it, may be back; then the tune is, too.
@@ -100,25 +109,29 @@ struct MixerSound::Mixer {
     bool isLost() const {
         bool lost = false;
         SDL_Event event;
-        while (SDL_PeepEvents(&event, 1, SDL_GETEVENT, SDL_AUDIODEVICEADDED,
-                              SDL_AUDIODEVICEREMOVED) > 0) {
+        while (library.SDL_PeepEvents(&event, 1, SDL_GETEVENT, SDL_AUDIODEVICEADDED,
+                                      SDL_AUDIODEVICEREMOVED) > 0) {
             // Zero: a device of the machine that we have not opened.
             lost = lost || (event.type == SDL_AUDIODEVICEREMOVED && event.adevice.which != 0);
         }
         return lost;
     }
 
+    bool isSilent() const {
+        return open && library.Mix_Playing(waveChannel) == 0 && library.Mix_PlayingMusic() == 0;
+    }
+
     void dropWave() {
         if (chunk != nullptr) {
-            Mix_HaltChannel(waveChannel);
-            Mix_FreeChunk(std::exchange(chunk, nullptr));
+            library.Mix_HaltChannel(waveChannel);
+            library.Mix_FreeChunk(std::exchange(chunk, nullptr));
         }
     }
 
     void dropMusic() {
         if (music != nullptr) {
-            Mix_HaltMusic();
-            Mix_FreeMusic(std::exchange(music, nullptr));
+            library.Mix_HaltMusic();
+            library.Mix_FreeMusic(std::exchange(music, nullptr));
         }
     }
 
@@ -128,12 +141,12 @@ struct MixerSound::Mixer {
         }
         dropWave();
         // Closed here: the library forgets the file when it is no sound.
-        if (SDL_RWops *source = SDL_RWFromFile(file.c_str(), "rb")) {
-            chunk = Mix_LoadWAV_RW(source, 0);
-            SDL_RWclose(source);
+        if (SDL_RWops *source = library.SDL_RWFromFile(file.c_str(), "rb")) {
+            chunk = library.Mix_LoadWAV_RW(source, 0);
+            library.SDL_RWclose(source);
         }
         if (chunk != nullptr) {
-            Mix_PlayChannel(waveChannel, chunk, 0);
+            library.Mix_PlayChannel(waveChannel, chunk, 0);
         }
     }
 
@@ -143,15 +156,15 @@ struct MixerSound::Mixer {
         }
         dropMusic();
         if (!file.empty()) {
-            music = Mix_LoadMUS(file.c_str());
+            music = library.Mix_LoadMUS(file.c_str());
         }
         if (music != nullptr) {
-            Mix_PlayMusic(music, loop ? -1 : 1);
+            library.Mix_PlayMusic(music, loop ? -1 : 1);
         }
     }
 };
 
-MixerSound::MixerSound(Files &files) : files_(files), thread_([this] { work(); }) {}
+MixerSound::MixerSound(Files &files) : files_(files), mixer_(std::make_unique<Mixer>()) {}
 
 MixerSound::~MixerSound() {
     {
@@ -159,43 +172,64 @@ MixerSound::~MixerSound() {
         closing_ = true;
         changed_.notify_all();
     }
-    thread_.join();
+    if (thread_.joinable()) {
+        thread_.join();
+    }
+}
+
+void MixerSound::open() {
+    if (!thread_.joinable()) {
+        thread_ = std::thread([this] { work(); });
+    }
 }
 
 void MixerSound::work() {
-    Mixer mixer;
-    const Opening opening = mixer.start();
+    const Opening opening = mixer_->start();
     std::unique_lock lock(mutex_);
     opening_ = opening;
     changed_.notify_all();
+    const auto called = [this] { return closing_ || !tasks_.empty(); };
+    // Does something without keeping a caller waiting.
+    const auto unlocked = [this, &lock](const auto &action) {
+        busy_ = true;
+        lock.unlock();
+        action();
+        lock.lock();
+        busy_ = false;
+    };
     for (;;) {
-        deviceOpen_ = mixer.open;
-        changed_.wait(lock, [this] { return closing_ || !tasks_.empty(); });
+        deviceOpen_ = mixer_->open;
+        if (!changed_.wait_for(lock, mixer_->open ? silence : forever, called)) {
+            if (mixer_->isSilent()) {
+                unlocked([this] { mixer_->end(); });
+            }
+            continue;
+        }
         if (closing_) {
             break;
         }
         const auto task = std::move(tasks_.front());
         tasks_.pop_front();
-        busy_ = true;
-        lock.unlock();
-        if (opening != Opening::silent) {
-            mixer.wake();
-            task(mixer);
-        }
-        lock.lock();
-        busy_ = false;
+        unlocked([&] {
+            if (opening != Opening::silent) {
+                mixer_->wake();
+                task(*mixer_);
+            }
+        });
     }
     lock.unlock();
-    mixer.end();
+    mixer_->end();
 }
 
 void MixerSound::post(std::function<void(Mixer &)> task) {
+    open();
     const std::lock_guard lock(mutex_);
     tasks_.push_back(std::move(task));
     changed_.notify_all();
 }
 
 MixerSound::Opening MixerSound::opened() {
+    open();
     std::unique_lock lock(mutex_);
     if (!waitedUntil_) {
         waitedUntil_ = std::chrono::steady_clock::now() + std::chrono::seconds(2);
@@ -252,7 +286,8 @@ void MixerSound::finishWave(std::chrono::milliseconds patience) {
     const auto until = std::chrono::steady_clock::now() + patience;
     const auto sounds = [this] {
         const std::lock_guard lock(mutex_);
-        return busy_ || !tasks_.empty() || (deviceOpen_ && Mix_Playing(waveChannel) != 0);
+        return busy_ || !tasks_.empty() ||
+               (deviceOpen_ && mixer_->library.Mix_Playing(waveChannel) != 0);
     };
     bool sounded = false;
     while (std::chrono::steady_clock::now() < until && sounds()) {

@@ -2,7 +2,8 @@
 // Sound by SDL2_mixer: one MIDI stream and one wave stream, together. Every call of the library is
 // made on one thread beside the program, in order, so that nothing in it can keep a window waiting:
 // the device is opened and the soundfont looked for while the splash is up. A device that goes
-// away, or its server, is silence; each later call tries whether there is one again.
+// away, or its server, is silence; each later call tries whether there is one again. When nothing
+// has sounded for a while the device is closed, until the next call.
 #pragma once
 
 #include "platform/services.h"
@@ -10,6 +11,7 @@
 #include <chrono>
 #include <condition_variable>
 #include <deque>
+#include <memory>
 #include <mutex>
 #include <optional>
 #include <thread>
@@ -21,6 +23,8 @@ public:
     explicit MixerSound(Files &files);
     ~MixerSound() override;
 
+    // Begins to open the device, if that has not begun.
+    void open();
     // Wait for the opening of the device, if it has not ended yet: two seconds at most in all.
     bool waveAvailable() override;
     bool midiAvailable() override;
@@ -33,7 +37,7 @@ public:
     void finishWave(std::chrono::milliseconds patience);
 
 private:
-    struct Mixer; // what belongs to the thread
+    struct Mixer; // its calls belong to the thread
     enum class Opening { underWay, silent, waveOnly, both };
 
     void post(std::function<void(Mixer &)> task);
@@ -41,6 +45,7 @@ private:
     Opening opened();
 
     Files &files_;
+    const std::unique_ptr<Mixer> mixer_;
     std::mutex mutex_;
     std::condition_variable changed_;
     std::deque<std::function<void(Mixer &)>> tasks_;
