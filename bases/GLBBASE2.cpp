@@ -5,8 +5,10 @@
 
 namespace grimoval {
 
-Int16 CompterMots(Globales &g, const Texte &fichier) {
-    const RecordFile base(g.services.files, g.dossiers.DossierBases + fichier, TypeMot::taille);
+namespace {
+
+// The list of bases tells the count in 16 bits: a base of more words is none.
+Int16 compter(const RecordFile &base) {
     const std::int64_t nombre = base.count();
     if (nombre > 32767) {
         throw Failure(failure::overflow);
@@ -14,22 +16,29 @@ Int16 CompterMots(Globales &g, const Texte &fichier) {
     return static_cast<int>(nombre);
 }
 
+} // namespace
+
+Int16 CompterMots(Globales &g, const Texte &fichier) {
+    return compter(
+        RecordFile(g.services.files, g.dossiers.DossierBases + fichier, TypeMot::taille));
+}
+
 void ChargerMots(Globales &g, FMenu &menu, const std::function<void(int)> &traitement) {
     menu.LstMot[0].Clear();
     std::optional<RecordFile> base;
-    std::int64_t nombre = 0;
+    Int16 nombre;
     essayer(
         [&] {
             base.emplace(g.services.files,
                          g.dossiers.DossierBases + insideFolder(g.base.FichierBase),
                          TypeMot::taille);
-            nombre = base->count();
+            nombre = compter(*base);
         },
         traitement);
     TypeMot EnregMot;
     std::vector<Texte> mots;
     mots.reserve(static_cast<std::size_t>(nombre));
-    for (std::int64_t i = 1; i <= nombre; ++i) {
+    for (int i = 1; i <= nombre; ++i) {
         essayer([&] { EnregMot = TypeMot::lire(base->read(i)); }, traitement);
         mots.push_back(trim(EnregMot.Mot.text()));
     }
