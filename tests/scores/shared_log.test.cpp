@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Several games on one account write one log.
+#include "support/game.h"
+
+#include <gtest/gtest.h>
+#include <set>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace grimoval::test::shared_log {
+
+const Texte journal = u"donnees/Calvenor/Le Grimoval/SCORGRIM.TXT";
+
+struct SharedLog : testing::TestWithParam<bool> {
+    SharedLog() { game.prepare({}); }
+
+    void record() {
+        game.score.show();
+        game.score.CmdScore[0].userClick();
+    }
+    // All of one length.
+    static Texte family(int number) { return u"JOUEUR" + decimal(100 + number); }
+
+    // Each in a process of its own, all let loose at one moment.
+    void recordAtOnce(int players) {
+        int gate[2];
+        ASSERT_EQ(::pipe(gate), 0);
+        std::vector<pid_t> writers;
+        for (int player = 0; player < players; ++player) {
+            const pid_t writer = ::fork();
+            ASSERT_GE(writer, 0);
+            if (writer == 0) {
+                char none = 0;
+                ::close(gate[1]);
+                game.g.joueurs.NomJoueur[1] = family(player);
+                const bool opened = ::read(gate[0], &none, 1) == 0;
+                record();
+                ::_exit(opened && game.windows.messages.empty() ? 0 : 1);
+            }
+            writers.push_back(writer);
+        }
+        ::close(gate[0]);
+        ::close(gate[1]);
+        for (const pid_t writer : writers) {
+            int status = -1;
+            ASSERT_EQ(::waitpid(writer, &status, 0), writer);
+            EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+        }
+    }
+
+    Game game;
+};
+
+TEST_P(SharedLog, HoldsTheRecordsOfAHundredGamesAtOnceWholeAndNoneTwice) {
+    constexpr int players = 100;
+    game.g.joueurs.NomJoueur[1] = family(players);
+    record();
+    const std::string one = game.folder.read(journal), name = toUtf8(family(players));
+    const std::size_t place = one.find(name);
+    ASSERT_NE(place, std::string::npos);
+    if (!GetParam()) {
+        game.files.remove(game.folder.path(journal));
+    }
+    recordAtOnce(players);
+    const std::string log = game.folder.read(journal);
+    const std::size_t expected = players + (GetParam() ? 1 : 0);
+    ASSERT_EQ(log.size(), expected * one.size());
+    std::set<std::string> names;
+    for (std::size_t start = 0; start < log.size(); start += one.size()) {
+        std::string record = log.substr(start, one.size());
+        names.insert(record.substr(place, name.size()));
+        record.replace(place, name.size(), name);
+        ASSERT_EQ(record, one);
+    }
+    EXPECT_EQ(names.size(), expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(Written, SharedLog, testing::Bool(), [](const auto &before) {
+    return before.param ? "before" : "forTheFirstTime";
+});
+
+} // namespace grimoval::test::shared_log
