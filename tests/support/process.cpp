@@ -25,9 +25,11 @@ std::vector<char *> pointers(std::vector<std::string> &texts) {
 } // namespace
 
 Answer run(const std::vector<std::string> &words, const std::vector<std::string> &settings,
-           bool ordinaryUser) {
+           bool ordinaryUser, const std::string &input) {
     const TemporaryFolder folder;
-    const std::string output = folder.bytePath(u"sortie"), errors = folder.bytePath(u"erreurs");
+    folder.write(u"entree", input);
+    const std::string entry = folder.bytePath(u"entree"), output = folder.bytePath(u"sortie"),
+                      errors = folder.bytePath(u"erreurs");
     std::vector<std::string> arguments = words, environment = settings;
     for (char **setting = environ; *setting != nullptr; ++setting) {
         environment.emplace_back(*setting);
@@ -40,7 +42,7 @@ Answer run(const std::vector<std::string> &words, const std::vector<std::string>
     }
     if (child == 0) {
         const int flags = O_WRONLY | O_CREAT | O_TRUNC;
-        const int in = ::open("/dev/null", O_RDONLY), out = ::open(output.c_str(), flags, 0644),
+        const int in = ::open(entry.c_str(), O_RDONLY), out = ::open(output.c_str(), flags, 0644),
                   err = ::open(errors.c_str(), flags, 0644);
         constexpr uid_t nobody = 65534;
         const bool ready = ::dup2(in, 0) == 0 && ::dup2(out, 1) == 1 && ::dup2(err, 2) == 2 &&

@@ -14,8 +14,8 @@ struct Answer {
 };
 
 // Settings of the environment are "NAME=value", in addition to the test's own. An ordinary user
-// runs it where that is asked for and can be had.
+// runs it where that is asked for and can be had. The input is what it reads.
 Answer run(const std::vector<std::string> &words, const std::vector<std::string> &settings = {},
-           bool ordinaryUser = false);
+           bool ordinaryUser = false, const std::string &input = {});
 
 } // namespace grimoval::test

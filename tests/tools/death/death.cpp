@@ -1,12 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// For tests: of the calls with which a program changes files, one ends the process or fails.
+// For tests: of the calls with which a program changes files, one ends the process or goes wrong.
 //
-// GRIM_MORT_A   the number of the call, from 1
+// GRIM_MORT_A   the number of the call, from 1; 0 is every one
 // GRIM_MORT     "mort": it ends the process, a write when half of its bytes are written, any other
-//               call before anything is done; "panne": it fails, the disk being full
+//               call before anything is done; "panne", "quota", "disque": it fails, the disk being
+//               full, the user's share used up, the disk broken; "court": a write writes half of
+//               its bytes; "lent": it comes late
+//
+// What fails is told on the standard error: the call and the file.
 #include <cerrno>
 #include <csignal>
 #include <cstdarg>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <dlfcn.h>
@@ -22,17 +27,34 @@ Function *real(const char *name) {
     return reinterpret_cast<Function *>(::dlsym(RTLD_NEXT, name));
 }
 
-enum class Way { pass, die, fail };
+struct Kind {
+    const char *name;
+    enum Way { pass, die, fail, half, late } way;
+    int error;
+};
 
-// Which way the call that begins now goes.
-Way way() {
+// What befalls the call that begins now.
+const Kind &fate() {
+    static constexpr Kind none{"", Kind::pass, 0};
+    static constexpr Kind kinds[] = {{"mort", Kind::die, 0},        {"panne", Kind::fail, ENOSPC},
+                                     {"quota", Kind::fail, EDQUOT}, {"disque", Kind::fail, EIO},
+                                     {"court", Kind::half, 0},      {"lent", Kind::late, 0}};
     static const char *const number = std::getenv("GRIM_MORT_A");
-    static const char *const kind = std::getenv("GRIM_MORT");
+    static const char *const name = std::getenv("GRIM_MORT");
     static int calls = 0;
-    if (number == nullptr || kind == nullptr || ++calls != std::atoi(number)) {
-        return Way::pass;
+    if (number == nullptr || name == nullptr) {
+        return none;
     }
-    return std::strcmp(kind, "mort") == 0 ? Way::die : Way::fail;
+    ++calls;
+    if (const int chosen = std::atoi(number); chosen != 0 && chosen != calls) {
+        return none;
+    }
+    for (const Kind &kind : kinds) {
+        if (std::strcmp(kind.name, name) == 0) {
+            return kind;
+        }
+    }
+    return none;
 }
 
 [[noreturn]] void die() {
@@ -42,26 +64,43 @@ Way way() {
     }
 }
 
-int noRoom() {
-    errno = ENOSPC;
+int fail(const Kind &kind, const char *call, const char *path) {
+    std::fprintf(stderr, "%s %s\n", call, path);
+    errno = kind.error;
     return -1;
 }
 
-template <class Call>
-int pass(Call call) {
-    switch (way()) {
-    case Way::die:
+int fail(const Kind &kind, const char *call, int descriptor) {
+    char link[32], path[4096] = {};
+    std::snprintf(link, sizeof link, "/proc/self/fd/%d", descriptor);
+    if (::readlink(link, path, sizeof path - 1) < 0) {
+        path[0] = '\0';
+    }
+    return fail(kind, call, path);
+}
+
+void wait() { ::usleep(2000); }
+
+// `Place` is the path or the descriptor of the file.
+template <class Place, class Action>
+int pass(const char *call, Place place, Action action) {
+    const Kind &kind = fate();
+    switch (kind.way) {
+    case Kind::die:
         die();
-    case Way::fail:
-        return noRoom();
+    case Kind::fail:
+        return fail(kind, call, place);
+    case Kind::late:
+        wait();
+        return action();
     default:
-        return call();
+        return action();
     }
 }
 
 int openCounted(const char *name, const char *path, int flags, mode_t mode) {
     const auto opened = [&] { return real<int(const char *, int, ...)>(name)(path, flags, mode); };
-    return (flags & O_CREAT) != 0 ? pass(opened) : opened();
+    return (flags & O_CREAT) != 0 ? pass("open", path, opened) : opened();
 }
 
 } // namespace
@@ -91,31 +130,44 @@ ssize_t write(int descriptor, const void *bytes, size_t size) {
     if (descriptor <= 2) {
         return written(size);
     }
-    switch (way()) {
-    case Way::die:
+    const Kind &kind = fate();
+    switch (kind.way) {
+    case Kind::die:
         written(size / 2);
         die();
-    case Way::fail:
-        return noRoom();
+    case Kind::fail:
+        return fail(kind, "write", descriptor);
+    case Kind::half:
+        return written(size - size / 2);
+    case Kind::late:
+        wait();
+        return written(size);
     default:
         return written(size);
     }
 }
 
 int fsync(int descriptor) {
-    return pass([&] { return real<int(int)>("fsync")(descriptor); });
+    return pass("fsync", descriptor, [&] { return real<int(int)>("fsync")(descriptor); });
+}
+
+int futimens(int descriptor, const timespec times[2]) noexcept {
+    return pass("futimens", descriptor,
+                [&] { return real<int(int, const timespec *)>("futimens")(descriptor, times); });
 }
 
 int rename(const char *from, const char *to) noexcept {
-    return pass([&] { return real<int(const char *, const char *)>("rename")(from, to); });
+    return pass("rename", from,
+                [&] { return real<int(const char *, const char *)>("rename")(from, to); });
 }
 
 int unlink(const char *path) noexcept {
-    return pass([&] { return real<int(const char *)>("unlink")(path); });
+    return pass("unlink", path, [&] { return real<int(const char *)>("unlink")(path); });
 }
 
 int mkdir(const char *path, mode_t mode) noexcept {
-    return pass([&] { return real<int(const char *, mode_t)>("mkdir")(path, mode); });
+    return pass("mkdir", path,
+                [&] { return real<int(const char *, mode_t)>("mkdir")(path, mode); });
 }
 
 } // extern "C"
