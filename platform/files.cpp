@@ -7,6 +7,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace grimoval {
 
@@ -96,6 +97,28 @@ int openOrFail(const std::string &path, int flags) {
         throw Failure(failure::pathAccess);
     }
     return descriptor;
+}
+
+// Where the new content of a file is written before it takes the file's place; answers the
+// descriptor and the path. Another game on the same account may be writing there at this moment:
+// then it is a place of this process's own. What a killed one has left goes after a minute.
+std::pair<int, std::string> openFresh(const std::string &name) {
+    constexpr int flags = O_WRONLY | O_CREAT;
+    std::string fresh = name + "~";
+    try {
+        return {openOrFail(fresh, flags | O_EXCL), fresh};
+    } catch (const Failure &taken) {
+        if (taken.number != failure::fileAlreadyExists) {
+            throw;
+        }
+    }
+    constexpr std::time_t longest = 60; // seconds
+    struct stat status {};
+    if (::lstat(fresh.c_str(), &status) == 0 && std::time(nullptr) - status.st_mtime > longest) {
+        ::unlink(fresh.c_str());
+    }
+    fresh += std::to_string(::getpid());
+    return {openOrFail(fresh, flags | O_TRUNC), fresh};
 }
 
 struct stat statusOrFail(const std::string &path) {
@@ -313,9 +336,9 @@ std::string Files::read(const Texte &path) {
 
 void Files::replace(const Texte &path, const std::string &bytes) {
     const std::string name = resolve(path);
-    const std::string fresh = name + "~";
+    const auto [descriptor, fresh] = openFresh(name);
     try {
-        const Descriptor file(openOrFail(fresh, O_WRONLY | O_CREAT | O_TRUNC));
+        const Descriptor file(descriptor);
         writeAll(file, bytes.data(), bytes.size());
         stamp(file);
         if (::fsync(file) != 0) {

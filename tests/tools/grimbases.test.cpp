@@ -185,6 +185,7 @@ TEST_F(WordBases, OfNamesThatAreAlikeAreNumbered) {
 TEST_F(WordBases, LeaveNothingOfAWriterThatDied) {
     folder.write(u"MASK/AA.DBS~", "reste");
     folder.write(u"MASK/GRIMV.LST~", "reste");
+    folder.write(u"MASK/GRIMV.LST~4711", "reste");
     outils::construireBases(files, {theme(u"AA", {u"CHAT"})}, mask());
     EXPECT_EQ(folder.list(), (Told{"MASK/", "MASK/AA.DBS", "MASK/GRIMV.LST"}));
 }

@@ -83,7 +83,7 @@ public:
     }
     // What a process that died while writing has left.
     void effacerLesRestes() {
-        for (const Texte &motif : {Texte(u"*.DBS~"), Texte(u"GRIMV.LST~")}) {
+        for (const Texte &motif : {Texte(u"*.DBS~*"), Texte(u"GRIMV.LST~*")}) {
             for (const Texte &nom : fichiers_.list(dossier_, motif)) {
                 fichiers_.remove(dossier_ + nom);
             }

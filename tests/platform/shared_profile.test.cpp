@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Several games on one account write one settings file: what is read is always a whole file.
+#include "platform/profile.h"
+
+#include "support/temporary_folder.h"
+
+#include <chrono>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace grimoval {
+namespace {
+
+TEST(SharedProfile, IsAlwaysOneWholeFileWhileSeveralWriteIt) {
+    const test::TemporaryFolder folder;
+    const Texte path = folder.path(u"GRIMOVA.INI");
+    const auto content = [](int value) {
+        return "[Jeu]\r\nA=" + std::to_string(value) + "\r\n" + std::string(5000, ';') +
+               "\r\nZ=1\r\n";
+    };
+    folder.write(u"GRIMOVA.INI", content(0));
+    constexpr int writers = 4, times = 50;
+    std::vector<pid_t> running;
+    for (int writer = 1; writer <= writers; ++writer) {
+        const pid_t child = ::fork();
+        ASSERT_GE(child, 0);
+        if (child == 0) {
+            Files files;
+            for (int i = 0; i < times; ++i) {
+                writeProfile(files, path, u"Jeu", u"A", decimal(writer));
+            }
+            ::_exit(0);
+        }
+        running.push_back(child);
+    }
+    Files files;
+    int reads = 0;
+    while (!running.empty()) {
+        const std::string now = files.read(path);
+        const auto value = readProfile(files, path, u"Jeu", u"A");
+        const auto last = readProfile(files, path, u"Jeu", u"Z");
+        EXPECT_TRUE(now.size() == content(0).size() && now.ends_with("Z=1\r\n")) << now.size();
+        EXPECT_EQ(value.size(), 1u);
+        EXPECT_EQ(toUtf8(last), "1");
+        ++reads;
+        while (!running.empty() && ::waitpid(running.back(), nullptr, WNOHANG) != 0) {
+            running.pop_back();
+        }
+        if (testing::Test::HasFailure()) {
+            break;
+        }
+    }
+    for (const pid_t child : running) {
+        ::waitpid(child, nullptr, 0);
+    }
+    EXPECT_GT(reads, 1);
+    EXPECT_EQ(folder.list(), std::vector<std::string>{"GRIMOVA.INI"});
+}
+
+TEST(SharedProfile, IsWrittenWhereAnotherIsWritingItOrWasKilled) {
+    const test::TemporaryFolder folder;
+    Files files;
+    const auto write = [&](const Texte &value) {
+        writeProfile(files, folder.path(u"GRIMOVA.INI"), u"Jeu", u"A", value);
+        return folder.read(u"GRIMOVA.INI");
+    };
+    folder.write(u"GRIMOVA.INI~", "[Je");
+    EXPECT_EQ(write(u"1"), "[Jeu]\r\nA=1\r\n");
+    EXPECT_EQ(folder.read(u"GRIMOVA.INI~"), "[Je"); // it may be in use
+    std::filesystem::last_write_time(folder.bytePath(u"GRIMOVA.INI~"),
+                                     std::filesystem::file_time_type::clock::now() -
+                                         std::chrono::minutes(2));
+    EXPECT_EQ(write(u"2"), "[Jeu]\r\nA=2\r\n");
+    EXPECT_EQ(folder.list(), std::vector<std::string>{"GRIMOVA.INI"});
+}
+
+} // namespace
+} // namespace grimoval
