@@ -10,14 +10,43 @@
 
 namespace grimoval {
 
-Pictures::Pictures(Files &files, const Texte &dataFolder)
-    : files_(files), folder_(asFolder(dataFolder)) {}
-
 namespace {
 
-constexpr qsizetype kept = 12'000'000;      // bytes: all faces, and a picture of a theme or two
-constexpr int largest = 8192;               // pixels a side
-constexpr qint64 largestFile = 300'000'000; // bytes: a plain picture of that size
+constexpr qsizetype kept = 12'000'000; // bytes: all faces, and a picture of a theme or two
+
+// What is read at most, so that no file fills the memory or keeps a window waiting: the picture of
+// a camera, whole. The pictures of the game are far smaller.
+constexpr qint64 largestFile = 40'000'000;              // bytes
+constexpr int largest = 8192;                           // pixels a side
+constexpr qint64 largestArea = qint64{4096} * 3072;     // pixels
+constexpr int largestFace = 2048;                       // pixels a side
+constexpr qint64 largestFaceFile = 4 * 2048 * 2048 * 2; // bytes
+constexpr int largestMemory = 64;                       // MiB, of one that is read by Qt
+constexpr int mostScans = 64;                           // a picture that grows sharper has ten
+
+// On the highest of screens no picture but a background takes more.
+constexpr QSize largestShown{1200, 1200};
+
+QSize shownSize(QSize size) {
+    const bool large = size.width() > largestShown.width() || size.height() > largestShown.height();
+    return large ? size.scaled(largestShown, Qt::KeepAspectRatio).expandedTo({1, 1}) : size;
+}
+
+// Of a JPEG picture; each goes over the whole of it, however few its bytes are.
+bool hasManyScans(QFile &file) {
+    int scans = 0;
+    if (file.peek(2) == "\xff\xd8") {
+        char before = 0;
+        for (QByteArray block; scans <= mostScans && !(block = file.read(65536)).isEmpty();) {
+            for (const char byte : block) {
+                scans += before == '\xff' && byte == '\xda';
+                before = byte;
+            }
+        }
+        file.seek(0);
+    }
+    return scans > mostScans;
+}
 
 // By its first bytes: without a format Qt would load all its plug-ins and ask each.
 QByteArray formatOf(QFile &file) {
@@ -28,35 +57,82 @@ QByteArray formatOf(QFile &file) {
                                               : QByteArray();
 }
 
-QImage decode(const QString &name) {
+// A file that may be read as a picture; nothing is read of a pipe or of what is too large.
+class Source {
+public:
+    explicit Source(const QString &name) : file_(name) {
+        if (!QFileInfo(name).isFile() || !file_.open(QIODevice::ReadOnly) ||
+            file_.size() > largestFile || hasManyScans(file_)) {
+            return;
+        }
+        const QByteArray format = formatOf(file_);
+        if (format.isEmpty()) {
+            return;
+        }
+        reader_.setDevice(&file_);
+        reader_.setFormat(format);
+        reader_.setAutoTransform(true);
+        const QSize size = reader_.size();
+        if (size.isEmpty() || size.width() > largest || size.height() > largest ||
+            qint64{size.width()} * size.height() > largestArea) {
+            return;
+        }
+        size_ = size;
+    }
+
+    QSize size() const { return size_; }
+    QImage read(QSize size) {
+        if (size_.isEmpty()) {
+            return {};
+        }
+        if (size != size_) {
+            reader_.setScaledSize(size);
+        }
+        return reader_.read();
+    }
+
+private:
+    QFile file_;
+    QImageReader reader_;
+    QSize size_; // empty: it is not read
+};
+
+QImage decodeFace(const QString &name) {
     QFile file(name);
-    if (!file.open(QIODevice::ReadOnly) || file.size() > largestFile) {
+    if (!QFileInfo(name).isFile() || !file.open(QIODevice::ReadOnly)) {
         return {};
     }
+    const QImage image = readTga(file.read(largestFaceFile), largestFace);
+    const QSize shown = shownSize(image.size());
+    return image.size() == shown
+               ? image
+               : image.scaled(shown, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
+QImage decode(const QString &name) {
     if (name.endsWith(QStringLiteral(".tga"), Qt::CaseInsensitive)) {
-        if (const QImage image = readTga(file.readAll(), largest); !image.isNull()) {
+        if (const QImage image = decodeFace(name); !image.isNull()) {
             return image;
         }
-        file.seek(0); // another kind of picture under this name
+        // Perhaps another kind of picture under this name.
     }
-    QImageReader reader(&file, formatOf(file));
-    reader.setAutoTransform(true);
-    const QSize size = reader.size();
-    if (size.width() > largest || size.height() > largest) {
-        return {};
-    }
-    const QImage image = reader.read();
-    return image.width() > largest || image.height() > largest ? QImage() : image;
+    Source source(name);
+    return source.read(shownSize(source.size()));
 }
 
 } // namespace
+
+Pictures::Pictures(Files &files, const Texte &dataFolder)
+    : files_(files), folder_(asFolder(dataFolder)) {
+    QImageReader::setAllocationLimit(largestMemory);
+}
 
 const QImage &Pictures::read(const QString &file) {
     const QFileInfo info(file);
     const qint64 writtenAt = info.lastModified().toMSecsSinceEpoch();
     auto found = entries_.find(file);
     if (found == entries_.end() || found->writtenAt != writtenAt || found->length != info.size()) {
-        const QImage image = info.isFile() ? decode(file) : QImage();
+        const QImage image = decode(file);
         held_ += image.sizeInBytes();
         if (held_ > kept) {
             entries_.clear();
@@ -99,13 +175,11 @@ QString Pictures::backgroundFile(const std::string &name) {
 }
 
 QSize Pictures::backgroundSize(const std::string &name) {
-    return name.empty() ? QSize() : QImageReader(backgroundFile(name)).size();
+    return name.empty() ? QSize() : Source(backgroundFile(name)).size();
 }
 
 QImage Pictures::background(const std::string &name, QSize pixels) {
-    QImageReader reader(backgroundFile(name));
-    reader.setScaledSize(pixels);
-    return reader.read();
+    return Source(backgroundFile(name)).read(pixels);
 }
 
 } // namespace grimoval

@@ -4,6 +4,12 @@
 
 #include "qt/bench.h"
 
+#include <QElapsedTimer>
+
+#include <filesystem>
+
+#include <sys/stat.h>
+
 namespace grimoval::test {
 namespace {
 
@@ -68,6 +74,64 @@ TEST_F(PicturesTest, AHugePictureIsRefusedBeforeItIsRead) {
     EXPECT_EQ(failureOfCheck(u"LARGE.BMP"), failure::invalidPicture);
     save(u"JUSTE.BMP", {8192, 1}, Qt::red, "BMP");
     EXPECT_EQ(failureOfCheck(u"JUSTE.BMP"), 0);
+}
+
+TEST_F(PicturesTest, NoMoreIsKeptOfALargeOneThanAScreenShows) {
+    save(u"PHOTO.JPG", {3000, 1500}, Qt::red, "JPG");
+    save(u"PHOTO.BMP", {1500, 3000}, Qt::red, "BMP");
+    folder.write(u"_OK.tga", tga(2, 1201, 2, 24, 0x28, std::string(1201 * 2 * 3, '\xff')));
+    EXPECT_EQ(pictures.image(folder.path(u"PHOTO.JPG")).size(), QSize(1200, 600));
+    EXPECT_EQ(pictures.image(folder.path(u"PHOTO.BMP")).size(), QSize(600, 1200));
+    EXPECT_EQ(pictures.image(folder.path(u"_OK.tga")).size(), QSize(1200, 1));
+    EXPECT_EQ(pictures.image(folder.path(u"PHOTO.JPG")).pixelColor(600, 300).red(), 254);
+}
+
+// A picture may unfold into far more than its file holds, or take far longer than its size tells.
+TEST_F(PicturesTest, NoFileFillsTheMemoryOrKeepsAWindowWaiting) {
+    const auto opened = [this](const Texte &name) {
+        QElapsedTimer timer;
+        timer.start();
+        const QImage image = pictures.image(folder.path(name));
+        EXPECT_LT(timer.elapsed(), 500) << toUtf8(name);
+        return !image.isNull();
+    };
+    for (const int width : {4096, 4097}) {
+        QImage large(width, 3072, QImage::Format_Mono);
+        large.fill(0);
+        ASSERT_TRUE(large.save(QString::fromStdString(folder.bytePath(u"GRAND.BMP")), "BMP"));
+        EXPECT_EQ(opened(u"GRAND.BMP"), width == 4096);
+    }
+    save(u"RIEN.BMP", {10, 10}, Qt::red, "BMP");
+    std::filesystem::resize_file(folder.bytePath(u"RIEN.BMP"), 2'000'000'000);
+    EXPECT_FALSE(opened(u"RIEN.BMP"));
+    folder.write(u"FACE.TGA", tga(2, 2048, 2048, 32, 0x28, {}));
+    std::filesystem::resize_file(folder.bytePath(u"FACE.TGA"), 2'000'000'000);
+    EXPECT_TRUE(opened(u"FACE.TGA"));
+    save(u"SCANS.JPG", {10, 10}, Qt::red, "JPG");
+    EXPECT_TRUE(opened(u"SCANS.JPG"));
+    std::string scans = folder.read(u"SCANS.JPG");
+    const std::string scan = scans.substr(scans.rfind("\xff\xda"));
+    scans.erase(scans.size() - 2);
+    for (int i = 0; i < 100; ++i) {
+        scans += scan.substr(0, scan.size() - 2);
+    }
+    folder.write(u"SCANS.JPG", scans + "\xff\xd9");
+    EXPECT_FALSE(opened(u"SCANS.JPG"));
+}
+
+TEST_F(PicturesTest, APipeOrAFolderInTheirPlaceIsNoPicture) {
+    folder.makeFolder(u"IMAGES");
+    for (const char16_t *name : {u"IMAGES/A.JPG", u"IMAGES/B.tga", u"IMAGES/IMG01.BMP",
+                                 u"IMAGES/fond_FMenu.jpg", u"IMAGES/logo.png"}) {
+        ASSERT_EQ(::mkfifo(folder.bytePath(name).c_str(), 0600), 0);
+        EXPECT_TRUE(pictures.image(folder.path(name)).isNull()) << toUtf8(name);
+    }
+    folder.makeFolder(u"IMAGES/fond_FAbout.jpg");
+    for (const char *name : {"FMenu", "FAbout"}) {
+        EXPECT_FALSE(pictures.backgroundSize(name).isValid()) << name;
+        EXPECT_TRUE(pictures.background(name, {40, 30}).isNull()) << name;
+    }
+    EXPECT_TRUE(pictures.design("logo").isNull());
 }
 
 TEST_F(PicturesTest, APictureThatHasChangedIsReadAgain) {
