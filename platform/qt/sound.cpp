@@ -2,6 +2,7 @@
 #include "platform/qt/sound.h"
 
 #include "platform/qt/mixerlibrary.h"
+#include "platform/qt/tune.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -15,7 +16,9 @@ constexpr int waveChannel = 0;
 constexpr int musicVolume = MIX_MAX_VOLUME * 90 / 100; // the tune is written to lie under the voice
 // An open device asks for sound forty times a second, be there any or not.
 constexpr std::chrono::seconds silence{10}, forever{3600};
-constexpr std::int64_t largestSound = 32 << 20; // bytes; ours are far smaller
+// What is played at most, so that no file fills the memory; ours are far smaller.
+constexpr std::int64_t largestWave = 8 << 20, largestTune = 1 << 20; // bytes
+constexpr Sint64 longestWave = 90;                                   // seconds
 
 // What the library or the user has set, or else the usual places of a General MIDI soundfont.
 std::string findSoundfont(const char *known) {
@@ -47,6 +50,35 @@ std::string findSoundfont(const char *known) {
         }
     }
     return {};
+}
+
+constexpr Uint32 named(const char (&name)[5]) {
+    return Uint32(name[0]) | Uint32(name[1]) << 8 | Uint32(name[2]) << 16 | Uint32(name[3]) << 24;
+}
+
+// By what its header tells: a wave of few bytes a second unfolds into hundreds of times its size.
+bool lastsTooLong(const MixerLibrary &library, SDL_RWops *file) {
+    const Sint64 size = library.SDL_RWsize(file);
+    library.SDL_RWseek(file, 8, RW_SEEK_SET);
+    bool fits = false;
+    if (library.SDL_ReadLE32(file) == named("WAVE")) {
+        for (Sint64 at = 12, parts = 0; at + 24 <= size && parts < 100; ++parts) {
+            library.SDL_RWseek(file, at, RW_SEEK_SET);
+            const Uint32 name = library.SDL_ReadLE32(file), length = library.SDL_ReadLE32(file);
+            if (name == named("fmt ")) {
+                library.SDL_ReadLE16(file);
+                const Sint64 tracks = library.SDL_ReadLE16(file), rate = library.SDL_ReadLE32(file);
+                library.SDL_RWseek(file, 6, RW_SEEK_CUR);
+                const Sint64 bits = library.SDL_ReadLE16(file);
+                fits = tracks <= 8 && bits <= 64 && rate <= 192'000 &&
+                       size * 8 <= longestWave * tracks * rate * bits;
+                break;
+            }
+            at += 8 + Sint64{length} + length % 2;
+        }
+    }
+    library.SDL_RWseek(file, 0, RW_SEEK_SET);
+    return !fits;
 }
 
 } // namespace
@@ -142,7 +174,7 @@ struct MixerSound::Mixer {
         dropWave();
         // Closed here: the library forgets the file when it is no sound.
         if (SDL_RWops *source = library.SDL_RWFromFile(file.c_str(), "rb")) {
-            chunk = library.Mix_LoadWAV_RW(source, 0);
+            chunk = lastsTooLong(library, source) ? nullptr : library.Mix_LoadWAV_RW(source, 0);
             library.SDL_RWclose(source);
         }
         if (chunk != nullptr) {
@@ -155,8 +187,15 @@ struct MixerSound::Mixer {
             return;
         }
         dropMusic();
-        if (!file.empty()) {
-            music = library.Mix_LoadMUS(file.c_str());
+        if (SDL_RWops *source =
+                file.empty() ? nullptr : library.SDL_RWFromFile(file.c_str(), "rb")) {
+            std::string bytes(static_cast<std::size_t>(largestTune) + 1, '\0');
+            bytes.resize(library.SDL_RWread(source, bytes.data(), 1, bytes.size()));
+            library.SDL_RWseek(source, 0, RW_SEEK_SET);
+            if (bytes.size() <= largestTune && isTune(bytes)) {
+                music = library.Mix_LoadMUSType_RW(source, MUS_MID, 0);
+            }
+            library.SDL_RWclose(source);
         }
         if (music != nullptr) {
             library.Mix_PlayMusic(music, loop ? -1 : 1);
@@ -245,11 +284,11 @@ bool MixerSound::midiAvailable() { return opened() == Opening::both; }
 namespace {
 
 // The file on the disk; empty for what is missing, or too large to be one of ours.
-std::string playable(Files &files, const Texte &path) {
+std::string playable(Files &files, const Texte &path, std::int64_t largest) {
     try {
         const std::string file = files.resolve(path);
         std::error_code error;
-        return std::filesystem::is_regular_file(file, error) && files.length(path) <= largestSound
+        return std::filesystem::is_regular_file(file, error) && files.length(path) <= largest
                    ? file
                    : std::string();
     } catch (const Failure &) {
@@ -260,7 +299,7 @@ std::string playable(Files &files, const Texte &path) {
 } // namespace
 
 void MixerSound::playWave(const Texte &path) {
-    const std::string file = playable(files_, path);
+    const std::string file = playable(files_, path, largestWave);
     if (file.empty()) {
         return;
     }
@@ -268,7 +307,7 @@ void MixerSound::playWave(const Texte &path) {
 }
 
 void MixerSound::playMidi(const Texte &path, bool loop) {
-    const std::string file = playable(files_, path);
+    const std::string file = playable(files_, path, largestTune);
     post([file, loop](Mixer &mixer) {
         mixer.tune = loop ? file : std::string();
         mixer.playMusic(file, loop);

@@ -2,6 +2,7 @@
 #include "platform/qt/sound.h"
 
 #include "platform/files.h"
+#include "platform/qt/tune.h"
 #include "support/temporary_folder.h"
 
 #include <QByteArray>
@@ -9,6 +10,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <ctime>
 #include <filesystem>
 #include <fstream>
 #include <numeric>
@@ -30,15 +32,15 @@ std::string number(std::uint32_t value, int bytes) {
 }
 
 // A wave file of one channel that holds one value, which tells it from any other.
-std::string wave(double seconds, int value) {
-    const auto samples = static_cast<std::uint32_t>(seconds * rate);
+std::string wave(double seconds, int value, std::uint32_t perSecond = rate) {
+    const auto samples = static_cast<std::uint32_t>(seconds * perSecond);
     std::string data;
     for (std::uint32_t i = 0; i < samples; ++i) {
         data += number(static_cast<std::uint32_t>(value), 2);
     }
     return "RIFF" + number(36 + 2 * samples, 4) + "WAVEfmt " + number(16, 4) + number(1, 2) +
-           number(1, 2) + number(rate, 4) + number(2 * rate, 4) + number(2, 2) + number(16, 2) +
-           "data" + number(2 * samples, 4) + data;
+           number(1, 2) + number(perSecond, 4) + number(2 * perSecond, 4) + number(2, 2) +
+           number(16, 2) + "data" + number(2 * samples, 4) + data;
 }
 
 // How loud it is in each hundredth of a second.
@@ -122,6 +124,16 @@ double secondsFor(const std::function<void()> &action) {
     const auto start = Clock::now();
     action();
     return std::chrono::duration<double>(Clock::now() - start).count();
+}
+
+std::size_t residentKilobytes() {
+    std::ifstream status("/proc/self/status");
+    std::string word;
+    while (status >> word && word != "VmRSS:") {
+    }
+    std::size_t size = 0;
+    status >> size;
+    return size;
 }
 
 TEST_F(SoundHeard, NoSuchDriverIsNeitherWaveNorMidi) {
@@ -245,6 +257,53 @@ TEST_F(SoundHeard, WhatCannotBePlayedIsSilence) {
     sound.playWave(made(u"good.wav", good));
     sound.finishWave(5s);
     EXPECT_NEAR(secondsOf(1000), 0.2, 0.001);
+}
+
+// A file unfolds to the rate of the device: at four samples a second eight million of them would
+// take hundreds of gigabytes.
+TEST_F(SoundHeard, WhatWouldFillTheMemoryIsSilence) {
+    MixerSound sound(files);
+    ASSERT_TRUE(sound.waveAvailable());
+    for (const std::uint32_t perSecond : {0U, 4U, 8000U}) {
+        const std::size_t before = residentKilobytes();
+        const Texte slow = made(u"slow.wav", wave(1, 1000, perSecond));
+        std::filesystem::resize_file(folder.bytePath(u"slow.wav"), 8'000'000);
+        sound.playWave(slow);
+        EXPECT_LT(secondsFor([&] { sound.finishWave(5s); }), 0.5) << perSecond;
+        EXPECT_LT(residentKilobytes(), before + 20'000) << perSecond;
+    }
+}
+
+// The library would complain of each of its bytes, for ever.
+TEST_F(SoundHeard, ADamagedTuneIsSilenceAndNothingIsSaidOfIt) {
+    std::string tune(20'000, '\0');
+    const std::string start("MThd\0\0\0\6\0\0\0\1\0\x60MTrk\0\0\x4e\x0a", 22);
+    tune.replace(0, start.size(), start);
+    testing::internal::CaptureStderr();
+    {
+        MixerSound sound(files);
+        EXPECT_TRUE(sound.midiAvailable());
+        sound.playMidi(made(u"bad.mid", tune), true);
+        sound.finishWave(5s);
+        std::this_thread::sleep_for(100ms);
+    }
+    EXPECT_EQ(testing::internal::GetCapturedStderr().find("fluidsynth: error"), std::string::npos);
+}
+
+// It starts over again and again: that must not take all of the machine.
+TEST_F(SoundHeard, ATuneOfOneTickCostsNoMoreThanAnother) {
+    const std::string tick("MThd\0\0\0\6\0\0\0\1\x7f\xffMTrk\0\0\0\x0b"
+                           "\0\xff\x51\3\0\0\1"
+                           "\1\xff\x2f\0",
+                           33);
+    ASSERT_TRUE(isTune(tick));
+    MixerSound sound(files);
+    ASSERT_TRUE(sound.midiAvailable());
+    sound.playMidi(made(u"tick.mid", tick), true);
+    sound.finishWave(5s);
+    const std::clock_t before = std::clock();
+    std::this_thread::sleep_for(300ms);
+    EXPECT_LT(std::clock() - before, CLOCKS_PER_SEC / 5);
 }
 
 TEST_F(SoundHeard, AFileReplacedByGarbageFallsSilentAndSoundsAgainWhenItIsGood) {
