@@ -201,6 +201,14 @@ void FormWindow::place() {
     scaleTo(inside);
 }
 
+void FormWindow::centre(QSize screen) {
+    if (!form_->backdrop && form_->WindowState != 2) {
+        form_->Left = (screen.width() * 15 - form_->Width) / 2;
+        form_->Top = (screen.height() * 15 - form_->Height) / 2;
+    }
+    place();
+}
+
 void FormWindow::scaleTo(QSize size) {
     if (form_ == nullptr || form_->backdrop) {
         return;

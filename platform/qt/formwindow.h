@@ -43,6 +43,8 @@ public:
     void changed(const PropertyBase &property);
     void changed(Control &control, const PropertyBase &property);
     void focusMoved();
+    // On a screen of another size.
+    void centre(QSize screen);
 
     // The person acts: not while something stands over the window.
     void door(const std::function<void(Form &)> &action);

@@ -50,6 +50,7 @@ QtWindows::QtWindows(Files &files, const Texte &dataFolder)
         }
     });
     dressApplication(host_.factor);
+    watchScreen();
     QGuiApplication::setDesktopFileName(QStringLiteral("grimoval")); // its entry in the menus
     QGuiApplication::setWindowIcon(iconOf(pictures_));
     installAccessibility();
@@ -72,8 +73,48 @@ double QtWindows::factorFor(QSize screen) {
     if (screen.width() <= 800) { // the main window fills it
         return std::min({1.0, screen.width() / 800.0, screen.height() / 600.0});
     }
+    return factorBeside(screen);
+}
+
+double QtWindows::factorBeside(QSize screen) {
     // Room for a title bar and the panel of a desktop.
     return std::min(screen.width() * 0.92 / 800, screen.height() * 0.88 / 580);
+}
+
+// A screen that is turned, changed or taken away moves no window: what lay outside would be lost.
+void QtWindows::watchScreen() {
+    fitter_.setSingleShot(true);
+    QObject::connect(&fitter_, &QTimer::timeout, &fitter_,
+                     [this] { fitScreen(QGuiApplication::primaryScreen()->geometry().size()); });
+    const auto watch = [this](const QScreen *screen) {
+        QObject::connect(screen, &QScreen::geometryChanged, &fitter_, [this] { fitter_.start(0); });
+        fitter_.start(0);
+    };
+    QObject::connect(qApp, &QGuiApplication::primaryScreenChanged, &fitter_, watch);
+    watch(QGuiApplication::primaryScreen());
+    fitted_ = QGuiApplication::primaryScreen()->geometry().size();
+}
+
+void QtWindows::fitScreen(QSize size) {
+    if (size.isEmpty() || size == fitted_) {
+        return;
+    }
+    fitted_ = size;
+    // Whether the main window fills a screen or stands on it was settled when it opened.
+    const bool fills = std::any_of(windows_.begin(), windows_.end(), [](const auto &entry) {
+        const Form &form = *entry.second->form();
+        return !form.backdrop && form.WindowState == 2;
+    });
+    host_.factor = fills ? factorFor(size) : factorBeside(size);
+    dressApplication(host_.factor);
+    for (const auto &[form, window] : windows_) {
+        window->centre(size);
+    }
+    for (QDialog *box : boxes_) {
+        QRect place = box->geometry();
+        place.moveCenter(QGuiApplication::primaryScreen()->geometry().center());
+        box->move(place.topLeft());
+    }
 }
 
 FormWindow *QtWindows::windowOf(const Form &form) const {

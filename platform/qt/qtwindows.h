@@ -29,6 +29,8 @@ public:
     void setFactor(double factor) { host_.factor = factor; }
     // The factor that lets the main window fill most of a screen of so many pixels.
     static double factorFor(QSize screen);
+    // What is done when the screen has become another.
+    void fitScreen(QSize size);
 
     // The window of a form, while it is loaded; the message box that is up.
     FormWindow *windowOf(const Form &form) const;
@@ -55,6 +57,8 @@ private:
     // What takes clicks has become another window.
     void tellReach();
     void bury();
+    void watchScreen();
+    static double factorBeside(QSize screen);
     FormWindow *backdrop() const;
 
     Guard guard_;
@@ -64,7 +68,8 @@ private:
     std::vector<QPointer<FormWindow>> graves_; // of forms that are gone
     std::unordered_map<const Form *, QEventLoop *> loops_;
     std::vector<QDialog *> boxes_;
-    QTimer waker_;
+    QTimer waker_, fitter_;
+    QSize fitted_; // the screen that the windows are placed on
     const Screen *toWake_ = nullptr;
     bool hourglass_ = false;
 };

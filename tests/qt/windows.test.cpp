@@ -47,6 +47,35 @@ TEST_F(Windows, AWindowGrowsAroundItsOwnCentre) {
     EXPECT_EQ(bench.window(form)->minimumSize(), bench.window(form)->maximumSize());
 }
 
+// This platform has one screen of one size: what is fitted is what the windows take it for.
+TEST_F(Windows, OnAScreenThatHasChangedTheyComeBackToItsMiddleAndFitIt) {
+    const QRect screen = QGuiApplication::primaryScreen()->geometry();
+    TestForm form(bench.screen), centred(bench.screen, "Milieu");
+    Label label(form, "Txt");
+    label.place = {0, 0, 6000, 4500};
+    form.centred = false;
+    form.Left = 13000;
+    form.Top = 9000;
+    form.show();
+    centred.show();
+    for (const double part : {2.0, 0.5, 1.0}) {
+        bench.windows.fitScreen({});
+        bench.windows.fitScreen(screen.size() * part);
+        const double factor =
+            std::min(screen.width() * part * 0.92 / 800, screen.height() * part * 0.88 / 580);
+        EXPECT_DOUBLE_EQ(bench.windows.factor(), factor);
+        for (const TestForm *each : {&form, &centred}) {
+            const QRect place = bench.windows.windowOf(*each)->geometry();
+            EXPECT_NEAR(place.width(), 400 * factor, 1);
+            EXPECT_NEAR(place.height(), 300 * factor, 1);
+        }
+        const QPoint middle = bench.window(form)->geometry().center();
+        EXPECT_NEAR(middle.x(), screen.width() * part / 2, 1);
+        EXPECT_NEAR(middle.y(), screen.height() * part / 2, 1);
+        EXPECT_NEAR(bench.mirror(label)->widget()->width(), 400 * factor, 1);
+    }
+}
+
 TEST_F(Windows, AMaximisedWindowScalesItsContentToItsSizeAndCentresIt) {
     TestForm form(bench.screen);
     Label label(form, "Txt");
