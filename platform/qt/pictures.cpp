@@ -16,20 +16,20 @@ constexpr qsizetype kept = 12'000'000; // bytes: all faces, and a picture of a t
 
 // What is read at most, so that no file fills the memory or keeps a window waiting: the picture of
 // a camera, whole. The pictures of the game are far smaller.
-constexpr qint64 largestFile = 40'000'000;              // bytes
-constexpr int largest = 8192;                           // pixels a side
-constexpr qint64 largestArea = qint64{4096} * 3072;     // pixels
-constexpr int largestFace = 2048;                       // pixels a side
-constexpr qint64 largestFaceFile = 4 * 2048 * 2048 * 2; // bytes
-constexpr int largestMemory = 64;                       // MiB, of one that is read by Qt
-constexpr int mostScans = 64;                           // a picture that grows sharper has ten
+constexpr qint64 largestFile = 40'000'000;          // bytes
+constexpr int largest = 8192;                       // pixels a side
+constexpr qint64 largestArea = qint64{4096} * 3072; // pixels
+constexpr int largestFace = 1024;                   // pixels a side
+constexpr qint64 largestFaceFile = 5 * 1024 * 1024; // bytes
+constexpr int largestMemory = 64;                   // MiB, of one that is read by Qt
+constexpr int mostScans = 64;                       // a picture that grows sharper has ten
 
-// On the highest of screens no picture but a background takes more.
-constexpr QSize largestShown{1200, 1200};
+// On the highest of screens no theme and no face takes more.
+constexpr QSize largestShown{1200, 1200}, largestShownFace{512, 512};
 
-QSize shownSize(QSize size) {
-    const bool large = size.width() > largestShown.width() || size.height() > largestShown.height();
-    return large ? size.scaled(largestShown, Qt::KeepAspectRatio).expandedTo({1, 1}) : size;
+QSize shownSize(QSize size, QSize limit) {
+    const bool large = size.width() > limit.width() || size.height() > limit.height();
+    return large ? size.scaled(limit, Qt::KeepAspectRatio).expandedTo({1, 1}) : size;
 }
 
 // Of a JPEG picture; each goes over the whole of it, however few its bytes are.
@@ -103,7 +103,7 @@ QImage decodeFace(const QString &name) {
         return {};
     }
     const QImage image = readTga(file.read(largestFaceFile), largestFace);
-    const QSize shown = shownSize(image.size());
+    const QSize shown = shownSize(image.size(), largestShownFace);
     return image.size() == shown
                ? image
                : image.scaled(shown, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
@@ -117,7 +117,7 @@ QImage decode(const QString &name) {
         // Perhaps another kind of picture under this name.
     }
     Source source(name);
-    return source.read(shownSize(source.size()));
+    return source.read(shownSize(source.size(), largestShown));
 }
 
 } // namespace

@@ -33,6 +33,7 @@ def masked(word):
 
 class GameTest(unittest.TestCase):
     words = WORDS
+    headings = []
     size = "1366x768"
 
     def setUp(self):
@@ -46,9 +47,12 @@ class GameTest(unittest.TestCase):
         os.mkdir(sources)
         for stem, title in (("BETES", "Les bêtes"), ("AUTRES", "Autres mots")):
             with open(os.path.join(sources, stem + ".txt"), "w", encoding="utf-8") as file:
-                file.write("\n".join(["Titre : " + title, *self.words]) + "\n")
+                file.write("\n".join(["Titre : " + title, *self.headings, *self.words]) + "\n")
         subprocess.run([GRIMBASES, "construire", sources, os.path.join(self.tree, "MASK")],
                        check=True)
+        self.begin()
+
+    def begin(self):
         self.program = Program(self.screen, os.path.join(self.tree, "grimoval"))
 
     # Steps by mouse.
@@ -102,6 +106,10 @@ class GameTest(unittest.TestCase):
         for letter in letters(word):
             (by or self.propose)(letter)
         self.program.await_label(HIDDEN, word)
+
+    def data(self, name):
+        """A file of the person's own folder."""
+        return os.path.join(self.screen.env["XDG_DATA_HOME"], "Calvenor", "Le Grimoval", name)
 
     def leave_scores(self):
         self.program.await_one(name="Scores")

@@ -5,7 +5,10 @@
 // GRIM_MORT     "mort": it ends the process, a write when half of its bytes are written, any other
 //               call before anything is done; "panne", "quota", "disque": it fails, the disk being
 //               full, the user's share used up, the disk broken; "court": a write writes half of
-//               its bytes; "lent": it comes late
+//               its bytes; "lent": it comes late; "plein": it and every call after it fail, the
+//               disk being full
+// GRIM_MORT_SOUS  of files alone whose names begin like this; of all, if it is not there
+// GRIM_MORT_SIGNE  a file: as long as it is missing, no call is counted
 //
 // What fails is told on the standard error: the call and the file.
 #include <cerrno>
@@ -16,6 +19,7 @@
 #include <cstring>
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <string>
 #include <sys/stat.h>
 #include <sys/types.h>
 #include <unistd.h>
@@ -33,20 +37,39 @@ struct Kind {
     int error;
 };
 
+std::string pathOf(const char *path) { return path; }
+
+std::string pathOf(int descriptor) {
+    char link[32], path[4096];
+    std::snprintf(link, sizeof link, "/proc/self/fd/%d", descriptor);
+    const ssize_t length = ::readlink(link, path, sizeof path);
+    return std::string(path, static_cast<std::size_t>(length < 0 ? 0 : length));
+}
+
+bool counts(const std::string &path) {
+    static const char *const below = std::getenv("GRIM_MORT_SOUS");
+    static const char *const sign = std::getenv("GRIM_MORT_SIGNE");
+    return (below == nullptr || path.starts_with(below)) &&
+           (sign == nullptr || ::access(sign, F_OK) == 0);
+}
+
 // What befalls the call that begins now.
-const Kind &fate() {
+const Kind &fate(const std::string &path) {
     static constexpr Kind none{"", Kind::pass, 0};
     static constexpr Kind kinds[] = {{"mort", Kind::die, 0},        {"panne", Kind::fail, ENOSPC},
                                      {"quota", Kind::fail, EDQUOT}, {"disque", Kind::fail, EIO},
-                                     {"court", Kind::half, 0},      {"lent", Kind::late, 0}};
+                                     {"court", Kind::half, 0},      {"lent", Kind::late, 0},
+                                     {"plein", Kind::fail, ENOSPC}};
     static const char *const number = std::getenv("GRIM_MORT_A");
     static const char *const name = std::getenv("GRIM_MORT");
     static int calls = 0;
-    if (number == nullptr || name == nullptr) {
+    if (number == nullptr || name == nullptr || !counts(path)) {
         return none;
     }
     ++calls;
-    if (const int chosen = std::atoi(number); chosen != 0 && chosen != calls) {
+    const int chosen = std::atoi(number);
+    const bool later = calls > chosen && std::strcmp(name, "plein") == 0;
+    if (chosen != 0 && chosen != calls && !later) {
         return none;
     }
     for (const Kind &kind : kinds) {
@@ -64,19 +87,10 @@ const Kind &fate() {
     }
 }
 
-int fail(const Kind &kind, const char *call, const char *path) {
-    std::fprintf(stderr, "%s %s\n", call, path);
+int fail(const Kind &kind, const char *call, const std::string &path) {
+    std::fprintf(stderr, "%s %s\n", call, path.c_str());
     errno = kind.error;
     return -1;
-}
-
-int fail(const Kind &kind, const char *call, int descriptor) {
-    char link[32], path[4096] = {};
-    std::snprintf(link, sizeof link, "/proc/self/fd/%d", descriptor);
-    if (::readlink(link, path, sizeof path - 1) < 0) {
-        path[0] = '\0';
-    }
-    return fail(kind, call, path);
 }
 
 void wait() { ::usleep(2000); }
@@ -84,12 +98,13 @@ void wait() { ::usleep(2000); }
 // `Place` is the path or the descriptor of the file.
 template <class Place, class Action>
 int pass(const char *call, Place place, Action action) {
-    const Kind &kind = fate();
+    const std::string path = pathOf(place);
+    const Kind &kind = fate(path);
     switch (kind.way) {
     case Kind::die:
         die();
     case Kind::fail:
-        return fail(kind, call, place);
+        return fail(kind, call, path);
     case Kind::late:
         wait();
         return action();
@@ -130,13 +145,14 @@ ssize_t write(int descriptor, const void *bytes, size_t size) {
     if (descriptor <= 2) {
         return written(size);
     }
-    const Kind &kind = fate();
+    const std::string path = pathOf(descriptor);
+    const Kind &kind = fate(path);
     switch (kind.way) {
     case Kind::die:
         written(size / 2);
         die();
     case Kind::fail:
-        return fail(kind, "write", descriptor);
+        return fail(kind, "write", path);
     case Kind::half:
         return written(size - size / 2);
     case Kind::late:

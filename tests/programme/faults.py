@@ -1,0 +1,296 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""What goes wrong around the real program: folders that are missing, closed or full, an end at any moment,
+services that are not there. It says what is to be said in French, or plays on without."""
+import os
+import re
+import shutil
+import signal
+import socket
+import subprocess
+import time
+import unittest
+
+from partie import GameTest, Program, main, wait_for
+from watch import DEATH, ORDINARY, Stillness, as_ordinary_person
+
+REPORT = r"L'ERREUR (\d+) est survenue\..*"
+
+
+class FaultTest(GameTest):
+    def begin(self):
+        self.game = os.path.join(self.tree, "grimoval")
+
+    def start(self, *before, **env):
+        """The program, with some things around it changed; what is None is left out."""
+        around = {name: value for name, value in env.items() if value is not None}
+        left_out = [word for name in env if env[name] is None for word in ("-u", name)]
+        words = [f"{name}={value}" for name, value in around.items()]
+        # Python's env: what is to be loaded before the program is not loaded before env.
+        self.program = Program(self.screen, "env", *left_out, *words, *before, self.game)
+        return self.program
+
+    def start_to_die(self, kind, number, below):
+        """It dies, or has no room, at that call on files with such names, once there is a sign."""
+        self.sign = os.path.join(self.screen.folder, "sign")
+        self.start(LD_PRELOAD=DEATH, GRIM_MORT=kind, GRIM_MORT_A=number, GRIM_MORT_SOUS=below,
+                   GRIM_MORT_SIGNE=self.sign,
+                   ASAN_OPTIONS="verify_asan_link_order=0:detect_leaks=0")
+
+    def give_sign(self):
+        with open(self.sign, "w", encoding="ascii"):
+            pass
+
+    def end_game(self):
+        """As fast as a game can end; the score window is up then."""
+        self.program.press("Voir la réponse")
+        self.program.press("Stopper la partie")
+        self.program.await_one("push button", "Imprimer")
+
+    def play(self):
+        """A game, and the end."""
+        self.start_game("1 Joueur", ("dupont", "marie"))
+        self.end_game()
+        self.leave_scores()
+        self.quit()
+
+    def await_report(self, number):
+        """The failure report, and the end of the process."""
+        box = self.program.await_one(name=re.compile(REPORT, re.S))
+        self.assertEqual(re.match(REPORT, box.name, re.S)[1], str(number), box.name)
+        self.program.press("OK")
+        self.assertEqual(self.program.await_end(), 1)
+
+    def splash_then_report(self, number):
+        self.program.await_one("label", "Le Grimoval").press()
+        self.await_report(number)
+
+    def records(self, name="SCORGRIM.TXT"):
+        """The records of the log, whole ones, and what stands behind them."""
+        with open(self.data(name), encoding="cp1252", newline="") as file:
+            text = file.read()
+        whole = re.findall(r"-+\r\n {14}Le Grimoval v3\.0\r\n.*?Nombre de mots trouvés      : \d+\r\n\r\n",
+                           text, re.S)
+        return len(whole), text[sum(map(len, whole)):]
+
+
+@unittest.skipIf(os.geteuid() == 0, ORDINARY)
+class Folders(FaultTest):
+    def closed(self, folder):
+        os.makedirs(folder, exist_ok=True)
+        os.chmod(folder, 0o555)
+        self.addCleanup(os.chmod, folder, 0o755)
+        return folder
+
+    def test_a_persons_folder_that_cannot_be_made_or_written_is_told(self):
+        place = self.screen.env["XDG_DATA_HOME"]
+        self.closed(place)  # permission denied
+        self.start()
+        self.splash_then_report(70)
+        os.chmod(place, 0o755)
+        with open(os.path.join(place, "Calvenor"), "wb"):  # a file in its place
+            pass
+        self.start()
+        self.splash_then_report(75)
+        os.remove(os.path.join(place, "Calvenor"))
+        self.closed(os.path.dirname(self.data("x")))  # the probe of the start
+        self.start()
+        self.splash_then_report(70)
+
+    def test_without_a_home_the_settings_stand_beside_the_tree_that_nobody_may_write(self):
+        self.addCleanup(subprocess.run, ["chmod", "-R", "u+w", self.tree], check=True)
+        subprocess.run(["chmod", "-R", "a-w", self.tree], check=True)
+        self.start(XDG_DATA_HOME=None, HOME=None)
+        self.start_game("1 Joueur", ("dupont", "marie"))
+        self.assertTrue(os.path.isfile(self.tree + "GRIMOVA.INI"))
+        # But the log is to lie in it.
+        self.end_game()
+        self.program.press("Quitter")
+        self.program.await_one(name="L'ERREUR 70 est survenue.")
+        self.program.press("OK")
+        self.program.await_one("push button", "Nouvelle partie")
+        self.quit()
+        # Neither can the place beside the tree be written.
+        home = self.closed(os.path.join(self.screen.folder, "maison"))
+        os.chmod(self.screen.folder, 0o555)
+        try:
+            self.start(XDG_DATA_HOME=None, HOME=home)
+            self.splash_then_report(70)
+        finally:
+            os.chmod(self.screen.folder, 0o755)
+
+    def test_a_folder_that_closes_goes_or_fills_during_play_costs_the_record_alone(self):
+        folder = os.path.dirname(self.data("x"))
+        self.start_to_die("plein", 1, folder)
+        self.start_game("1 Joueur", ("dupont", "marie"))
+        for number, (what, said) in enumerate((
+                (lambda: os.chmod(folder, 0o555), "L'ERREUR 70 est survenue."),
+                (lambda: os.rename(folder, folder + ".ailleurs"),
+                 "ERREUR 76\u00a0: Ce chemin d'accès n'existe pas."),
+                (self.give_sign, "Disque / est saturé."),
+                (lambda: None, None))):
+            if number:
+                self.program.press("Nouvelle partie")
+            self.word()
+            self.end_game()
+            what()
+            self.program.press("Quitter")
+            if said:
+                self.program.await_one(name=said)
+                self.program.press("OK")
+            self.program.await_one("push button", "Nouvelle partie")
+            if number == 0:
+                os.chmod(folder, 0o755)
+            elif number == 1:
+                os.rename(folder + ".ailleurs", folder)
+            elif number == 2:
+                # Nor are the options kept, in silence; the settings are as they were.
+                with open(self.data("GRIMOVA.INI"), "rb") as file:
+                    before = file.read()
+                self.program.press("Configuration du son")
+                self.program.await_one("check box", "Musique").press()
+                self.program.press("OK")
+                self.program.await_one("push button", "Nouvelle partie")
+                with open(self.data("GRIMOVA.INI"), "rb") as file:
+                    self.assertEqual(file.read(), before)
+                os.remove(self.sign)
+        self.assertEqual(self.records(), (1, ""))
+        self.quit()
+
+
+class Installed(FaultTest):
+    def without(self, folder):
+        place = os.path.join(self.tree, folder)
+        os.rename(place, place + ".absent")
+        return place
+
+    def test_without_sounds_it_is_silent_without_bases_or_pictures_it_says_so(self):
+        shutil.rmtree(os.path.join(self.tree, "SONS"))
+        bases = self.without("MASK")
+        self.start()
+        self.splash_then_report(76)
+        os.mkdir(bases)
+        self.start()
+        self.splash_then_report(53)
+        shutil.copy(bases + ".absent/GRIMV.LST", bases)
+        self.start()
+        self.pass_splash()
+        self.program.press("Changer de thème")
+        self.program.await_one(name=re.compile(
+            "Aucun fichier de bases .DBS n'est trouvé dans le répertoire .*"))
+        self.program.press("OK")
+        wait_for(lambda: [b for b in self.program.find("push button", "OK") if not b.sensitive],
+                 "chooser without a theme")
+        self.program.press("Annuler")
+        self.program.await_one("push button", "Nouvelle partie")
+        # They are back, but the theme has no picture now.
+        shutil.rmtree(bases)
+        os.rename(bases + ".absent", bases)
+        os.mkdir(self.without("IMAGES"))
+        self.program.press("Changer de thème")
+        self.choose("Les bêtes")
+        self.program.await_one(name="Le Grimoval va être arrêté.\n\nLa base \"Les bêtes\" n'a pas d'image\n"
+                               "et les images par défaut du programme sont introuvables.\n\n"
+                               "Veuillez réinstaller le Grimoval.")
+        self.program.press("OK")
+        self.assertEqual(self.program.await_end(), 0)
+
+
+class Killed(FaultTest):
+    """At a moment that nobody chose; the next start finds all as it was, or as it was to be."""
+
+    def settings(self):
+        with open(self.data("GRIMOVA.INI"), encoding="cp1252", newline="") as file:
+            return file.read()
+
+    def await_kill(self):
+        self.program.process.wait(10)
+        self.assertEqual(self.program.process.returncode, -signal.SIGKILL)
+
+    def test_it_dies_while_it_plays_and_while_it_writes(self):
+        # In the middle of the options' file, and before it takes the other's name.
+        for call in (2, 4):
+            self.start_to_die("mort", call, self.data("GRIMOVA.INI"))
+            if call == 2:
+                self.start_game("1 Joueur", ("dupont", "marie"))
+            else:
+                self.pass_splash()
+            settings = self.settings()
+            self.program.press("Configuration du son")
+            self.program.await_one("check box", "Musique").press()
+            self.give_sign()
+            self.program.press("OK")
+            self.await_kill()
+            os.remove(self.sign)
+            self.assertEqual(self.settings(), settings)
+
+        # In the middle of a record: those before it are whole, and the next one follows.
+        self.start_to_die("mort", 4, self.data("SCORGRIM"))
+        self.start_game("1 Joueur", ("dupont", "marie"))
+        self.end_game()
+        self.leave_scores()
+        self.assertEqual(self.records(), (1, ""))
+        self.program.press("Nouvelle partie")
+        self.word()
+        self.end_game()
+        self.give_sign()
+        self.program.press("Quitter")
+        self.await_kill()
+        whole, rest = self.records()
+        self.assertEqual(whole, 1)
+        self.assertTrue(rest)
+        self.start()
+        self.play()
+        with open(self.data("SCORGRIM.TXT"), encoding="cp1252", newline="") as file:
+            self.assertEqual(file.read().count("Nombre de mots trouvés      : 0\r\n\r\n"), 2)
+        self.assertEqual(sorted(os.listdir(os.path.dirname(self.data("x")))),
+                         ["GRIMOVA.INI", "SCORGRIM.BAK", "SCORGRIM.TXT"])
+
+
+class Alone(FaultTest):
+    def test_without_a_single_font_device_or_printer(self):
+        fonts = os.path.join(self.screen.folder, "fonts.conf")
+        with open(fonts, "w", encoding="utf-8") as file:
+            file.write("<fontconfig></fontconfig>")
+        with socket.socket(socket.AF_UNIX) as silent:
+            printer = os.path.join(self.screen.folder, "cups.sock")
+            silent.bind(printer)
+            silent.listen()
+            self.start(FONTCONFIG_FILE=fonts, SDL_AUDIODRIVER="nosuchdriver", CUPS_SERVER=printer)
+            self.start_game("1 Joueur", ("dupont", "marie"))
+            self.end_game()
+            # Who never answers is a printer that is not there, after a moment.
+            since = time.monotonic()
+            with Stillness(self.program.process) as seen:
+                self.program.press("Imprimer")
+                self.program.await_one(name="Problème d'imprimante !!")
+            self.assertLess(time.monotonic() - since, 4)
+            print(f"{seen.longest:.1f} s", end=" ", flush=True)
+            self.assertLess(seen.longest, 1.5)
+            self.program.press("OK")
+            self.program.press("Quitter")
+            self.program.await_one("push button", "Nouvelle partie")
+            self.quit()
+        self.assertEqual(self.records(), (1, ""))
+
+    def test_without_a_bus_it_opens_asks_and_ends(self):
+        nowhere = "unix:path=" + os.path.join(self.screen.folder, "nowhere")
+        self.start(DBUS_SESSION_BUS_ADDRESS=nowhere, DBUS_SYSTEM_BUS_ADDRESS=nowhere,
+                   AT_SPI_BUS_ADDRESS=nowhere, XDG_RUNTIME_DIR=None)
+
+        def windows():
+            return self.screen.run("xprop", "-root", "_NET_CLIENT_LIST_STACKING").count("0x")
+
+        wait_for(lambda: windows() == 1, "splash")
+        time.sleep(0.2)
+        self.screen.key("space")
+        wait_for(lambda: windows() == 2, "main window over its backdrop")
+        time.sleep(0.2)
+        self.screen.key("alt+F4")
+        wait_for(lambda: windows() == 3, "question")
+        time.sleep(0.2)
+        self.screen.key("Return")
+        self.assertEqual(self.program.await_end(), 0)
+
+
+as_ordinary_person()
+main()
