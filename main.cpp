@@ -12,10 +12,14 @@
 
 int main(int count, char **arguments) {
     using namespace grimoval;
+    QtApplication application;
+    // A second one opens nothing, neither a display nor a device.
+    if (application.previousInstance()) {
+        return 0;
+    }
     QApplication toolkit(count, arguments);
 
     Files files;
-    QtApplication application;
     QtWindows windows(files, application.path());
     MixerSound sound(files);
     QtClock clock;
