@@ -156,7 +156,9 @@ bool TextField::userType(const Texte &text) {
     if (!isOpen()) {
         return false;
     }
-    Text = maxLength > 0 ? text.substr(0, maxLength) : text;
+    Texte line = maxLength > 0 ? text.substr(0, maxLength) : text;
+    std::replace_if(line.begin(), line.end(), isControl, u' ');
+    Text = line;
     return true;
 }
 

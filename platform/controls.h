@@ -232,7 +232,8 @@ public:
     TextField(Form &form, const char *name, int index = -1);
     void accept(ControlVisitor &visitor) override;
     bool takesFocus() const override { return isOpen(); }
-    // The person has edited the text; it is cut at the greatest length.
+    // The person has edited the text; it is cut at the greatest length. What was pasted may hold
+    // breaks of lines, tabs or worse: a blank stands for each.
     bool userType(const Texte &text);
 
     Property<Texte> Text{*this, "Text"};

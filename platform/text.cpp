@@ -181,6 +181,10 @@ Texte upper(std::u16string_view text) {
     return result;
 }
 
+bool isControl(char16_t character) {
+    return character < u' ' || (character >= 0x7F && character < 0xA0);
+}
+
 Texte plainCapitals(std::u16string_view text) { return SortText(text).letters; }
 
 Texte fromUtf8(std::string_view bytes) {

@@ -21,6 +21,9 @@ Texte trim(std::u16string_view text);
 char16_t upper(char16_t character);
 Texte upper(std::u16string_view text);
 
+// A command to whatever shows the text, no character of it.
+bool isControl(char16_t character);
+
 // Capitals without accents, a ligature as its two letters: what a text is looked up by.
 Texte plainCapitals(std::u16string_view text);
 

@@ -173,6 +173,14 @@ TEST_F(ControlDoorsTest, AFieldCutsWhatAPersonTypesAndNotWhatTheCodeSets) {
     EXPECT_EQ(window.field.Text.get().size(), 500u);
 }
 
+TEST_F(ControlDoorsTest, AFieldTakesABlankForEachControlCharacterThatIsPasted) {
+    window.field.maxLength = 9;
+    window.field.userType(u"Zoé\r\nL\x1b[2\u009bJ");
+    EXPECT_EQ(window.field.Text.get(), u"Zoé  L [2");
+    window.field.userType(u"\u009bœ\x7f\u00A0\t");
+    EXPECT_EQ(window.field.Text.get(), u" œ \u00A0 ");
+}
+
 TEST_F(ControlDoorsTest, TheMouseOverAControlIsItsEventIfItHasOne) {
     window.button.userHover();
     EXPECT_EQ(events, 0);
