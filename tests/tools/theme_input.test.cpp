@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
+#include <sstream>
 
 namespace grimoval::test::theme_input {
 
@@ -174,6 +175,19 @@ RC_GTEST_FIXTURE_PROP(ListInput, IsTheSameInAnyCodePageAndWithAnyEndOfLine,
             RC_ASSERT(told() == expectedTold);
         }
     }
+}
+
+TEST_F(ListInput, CommandsNoTerminalByItsNameNorByItsLines) {
+    read("\x1b[2J\n\xE2\x81\xA6" // turns the direction
+         "AB\n",
+         u"\x1b]0;x\a\u202Eliste.txt");
+    ASSERT_EQ(problems.size(), 2u);
+    std::ostringstream said;
+    outils::dire(problems, said);
+    const std::string name = "?]0;x??liste.txt";
+    EXPECT_EQ(said.str().substr(0, name.size() + 12), name + ":1 : ?[2J : ");
+    EXPECT_NE(said.str().find("\n" + name + ":2 : ?AB : "), std::string::npos) << said.str();
+    EXPECT_EQ(said.str().find('\x1b'), std::string::npos);
 }
 
 } // namespace grimoval::test::theme_input

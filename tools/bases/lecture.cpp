@@ -42,12 +42,13 @@ Lieu Appel::lieu(const Texte *dossier) {
 
 Texte raison(const Appel &appel, const Texte &chemin, int numero) {
     if (numero == failure::permissionDenied && ::geteuid() != 0) {
-        return chemin +
+        return montrable(chemin) +
                u" : il faut le mot de passe de l'administrateur. Recommencez en mettant "
                u"sudo devant :\n  sudo " +
                appel.ligne;
     }
-    return chemin + u" : " + failureMeaning(numero) + u" (erreur " + decimal(numero) + u")";
+    return montrable(chemin) + u" : " + failureMeaning(numero) + u" (erreur " + decimal(numero) +
+           u")";
 }
 
 void arreterSiGrave(Appel &appel, const Problemes &problemes) {

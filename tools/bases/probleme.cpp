@@ -8,6 +8,10 @@ namespace grimoval::outils {
 
 namespace {
 constexpr std::size_t leplusDeLignes = 40, leplusLong = 60;
+
+// What turns the direction of the text behind it.
+bool tourne(char16_t c) { return (c >= 0x202A && c <= 0x202E) || (c >= 0x2066 && c <= 0x2069); }
+
 } // namespace
 
 bool graves(const Problemes &problemes) {
@@ -15,12 +19,15 @@ bool graves(const Problemes &problemes) {
                        [](const Probleme &probleme) { return probleme.grave; });
 }
 
-Texte extrait(const Texte &texte) {
-    Texte montre = texte.substr(0, leplusLong);
+Texte montrable(Texte texte) {
     std::replace_if(
-        montre.begin(), montre.end(),
-        [](char16_t c) { return c < u' ' || (c >= 0x7F && c < 0xA0) || c == 0x202E; }, u'?');
-    return texte.size() > leplusLong ? montre + u"..." : montre;
+        texte.begin(), texte.end(), [](char16_t c) { return isControl(c) || tourne(c); }, u'?');
+    return texte;
+}
+
+Texte extrait(const Texte &texte) {
+    const Texte debut = montrable(texte.substr(0, leplusLong));
+    return texte.size() > leplusLong ? debut + u"..." : debut;
 }
 
 bool dire(const Problemes &problemes, std::ostream &sortie) {
@@ -30,11 +37,12 @@ bool dire(const Problemes &problemes, std::ostream &sortie) {
             sortie << "... et " << problemes.size() - leplusDeLignes << " autres.\n";
             break;
         }
-        sortie << toUtf8(probleme.fichier);
+        sortie << toUtf8(montrable(probleme.fichier));
         if (probleme.ligne > 0) {
             sortie << ':' << probleme.ligne;
         }
-        sortie << " : " << (probleme.grave ? "" : "remarque : ") << toUtf8(probleme.texte) << '\n';
+        sortie << " : " << (probleme.grave ? "" : "remarque : ")
+               << toUtf8(montrable(probleme.texte)) << '\n';
     }
     return !graves(problemes);
 }

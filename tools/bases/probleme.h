@@ -21,7 +21,9 @@ bool graves(const Problemes &problemes);
 // One a line, the first forty; true if none of them all is grave.
 bool dire(const Problemes &problemes, std::ostream &sortie);
 
-// A text of unknown origin as it can be shown: short, without what would command a terminal.
+// A text of unknown origin as it can be shown: without what would command a terminal.
+Texte montrable(Texte texte);
+// And short.
 Texte extrait(const Texte &texte);
 
 } // namespace grimoval::outils

@@ -19,9 +19,8 @@ constexpr int moinsDeLettres = 3;                  // masked, or there is nothin
 
 // The first character that the files of the game do not hold.
 std::size_t placeInconnue(const Texte &texte) {
-    const auto trouve = std::find_if(texte.begin(), texte.end(), [](char16_t c) {
-        return c < u' ' || (c >= 0x7F && c < 0xA0) || ansiCode(c) < 0;
-    });
+    const auto trouve = std::find_if(texte.begin(), texte.end(),
+                                     [](char16_t c) { return isControl(c) || ansiCode(c) < 0; });
     return trouve == texte.end() ? Texte::npos : static_cast<std::size_t>(trouve - texte.begin());
 }
 
