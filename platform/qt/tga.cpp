@@ -67,6 +67,16 @@ private:
 
 } // namespace
 
+namespace {
+
+// As much of a picture as so many bytes can hold: a packet of one more than a pixel gives 128 of
+// them.
+qsizetype mostPixels(qsizetype bytes, int depth, bool coded) {
+    return coded ? bytes / (depth / 8 + 1) * 128 : bytes / (depth / 8);
+}
+
+} // namespace
+
 QImage readTga(const QByteArray &bytes, int largest) {
     if (bytes.size() < headerLength) {
         return {};
@@ -80,9 +90,14 @@ QImage readTga(const QByteArray &bytes, int largest) {
         height > largest) {
         return {};
     }
+    const bool coded = type == codedColour;
+    const qsizetype start = headerLength + byte(0);
+    // A few bytes that announce a huge picture take no memory.
+    if (qsizetype{width} * height > mostPixels(bytes.size() - start, depth, coded)) {
+        return {};
+    }
     QImage image(width, height, QImage::Format_ARGB32);
-    if (image.isNull() ||
-        !Reader(bytes, headerLength + byte(0), depth).read(image, type == codedColour)) {
+    if (image.isNull() || !Reader(bytes, start, depth).read(image, coded)) {
         return {};
     }
     return image.mirrored((layout & fromRight) != 0, (layout & fromTop) == 0);
