@@ -15,7 +15,7 @@ un() {
     travail=$(mktemp -d "$memoire/grimoval-fuzz-XXXXXX")
     trap 'rm -rf "$travail"' EXIT
     # Qt takes 128 MB for one picture, and nothing else of so few bytes may come near it.
-    QT_QPA_PLATFORM=offscreen TMPDIR=$travail "$fuzz/tests/fuzz/fuzz-$cible" \
+    ASAN_OPTIONS=malloc_context_size=3 QT_QPA_PLATFORM=offscreen TMPDIR=$travail "$fuzz/tests/fuzz/fuzz-$cible" \
         -max_total_time="$secondes" -max_len=4096 -entropic=0 -timeout=10 -rss_limit_mb=2000 -malloc_limit_mb=150 \
         -print_final_stats=1 -artifact_prefix="$fuzz/secouer/$cible-" "$dossier" \
         >"$journal" 2>&1 </dev/null || statut=$?

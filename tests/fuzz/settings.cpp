@@ -5,6 +5,7 @@
 
 #include <cmath>
 #include <cstdlib>
+#include <optional>
 
 namespace grimoval::fuzz {
 
@@ -26,17 +27,36 @@ std::optional<double> plainNumber(const Texte &text) {
                        nullptr);
 }
 
-// A key that is refused for want of room in 16 bits.
-bool tooLarge(Machine &machine, const Texte &section, const Texte &key, double least) {
+// The number that the file holds for a key.
+std::optional<double> numberOf(Machine &machine, const Texte &section, const Texte &key) {
     const Texte text = readProfile(machine.files, machine.folder.path(file), section, key);
     const auto value = numericValue(text), again = plainNumber(text);
-    if (!value) {
-        return false;
-    }
-    law(again && (std::abs(*value) == *again ||
-                  std::abs(std::abs(*value) - *again) <= std::abs(*again) * 1e-15),
+    law(!value || (again && std::abs(std::abs(*value) - *again) <= std::abs(*again) * 1e-15),
         "a number is what it says");
-    return *value >= least && !(*value > -32768.5 && *value < 32767.5);
+    return value;
+}
+
+constexpr double most = 1.7e308; // no bound
+
+// A setting told a second time.
+struct Expected {
+    Expected(Machine &machine, const Texte &section, const Texte &key, double least, double largest,
+             int otherwise)
+        : value(otherwise) {
+        const auto number = numberOf(machine, section, key);
+        if (number && *number >= least && *number <= largest) {
+            value = std::nearbyint(*number); // halves to the even neighbour
+        }
+    }
+    bool tooLarge() const { return value < -32768 || value > 32767; }
+    bool operator==(int other) const { return value == other; }
+
+    double value;
+};
+
+// A switch is on for any number but zero.
+int expectedSwitch(Machine &machine, const Texte &key) {
+    return numberOf(machine, u"Le Grimoval", key) == 0.0 ? 0 : 1;
 }
 
 void start(Globales &g) {
@@ -50,10 +70,14 @@ void settings(std::string_view bytes) {
     Machine machine;
     Globales &g = machine.g;
     machine.folder.write(file, std::string(bytes));
-    const double any = -HUGE_VAL;
-    const bool overflow = tooLarge(machine, u"ConfigPC", u"ConfDep", any) ||
-                          tooLarge(machine, u"Le Grimoval", u"RéflexionLimite", any) ||
-                          tooLarge(machine, u"Le Grimoval", u"TempsRéflexion", 5);
+    const Texte game = u"Le Grimoval";
+    const Expected players(machine, game, u"NombreJoueur", 1, 3, 1);
+    const Expected errors(machine, game, u"NombreErreur", 1, 20, 6);
+    const Expected time(machine, game, u"TempsRéflexion", 5, most, 20);
+    const Expected limit(machine, game, u"RéflexionLimite", -most, most, 1);
+    const Expected other(machine, u"ConfigPC", u"ConfDep", -most, most, -1);
+    const int music = expectedSwitch(machine, u"Music"), voice = expectedSwitch(machine, u"Parole");
+    const bool overflow = time.tooLarge() || limit.tooLarge() || other.tooLarge();
     try {
         start(g);
     } catch (const Failure &failed) {
@@ -62,13 +86,11 @@ void settings(std::string_view bytes) {
     }
     law(!overflow, "a value beyond 16 bits ends the start");
     const Reglages &r = g.reglages;
-    law(r.NombreJoueur >= 1 && r.NombreJoueur <= 3, "there is such a mode");
-    law(r.TempsRéflexion >= 5 && r.NombreErreur >= 1 && r.NombreErreur <= 20,
-        "a game can be played");
-    for (const Int16 flag :
-         {g.son.MusiqueActive, g.son.ParoleActive, g.son.MidiPresent, g.son.WavPresent}) {
-        law(flag == 0 || flag == 1, "a switch is on or off");
-    }
+    law(players == r.NombreJoueur && errors == r.NombreErreur && time == r.TempsRéflexion &&
+            limit == r.RéflexionLimite && other == g.son.ConfDep,
+        "a setting is what the file tells, or the usual one");
+    law(g.son.MusiqueActive == music && g.son.ParoleActive == voice, "a switch is on or off");
+    law(g.son.MidiPresent == 1 && g.son.WavPresent == 1, "the machine has its devices");
     // What was unusable has been mended in the file.
     const std::string mended = machine.folder.read(file);
     const Reglages before = r;
