@@ -177,6 +177,13 @@ RC_GTEST_FIXTURE_PROP(ListInput, IsTheSameInAnyCodePageAndWithAnyEndOfLine,
     }
 }
 
+TEST_F(ListInput, GetsATitleThatCanBeKeptFromAnyNameOfAFile) {
+    const Theme theme = ReadThemes::read("MOTS\n", u"li\x7fste\u0081.\u009D.txt");
+    EXPECT_EQ(toUtf8(theme.titre), "Li ste .");
+    read(outils::ecrireTheme(theme));
+    EXPECT_EQ(told(), Told{});
+}
+
 TEST_F(ListInput, CommandsNoTerminalByItsNameNorByItsLines) {
     read("\x1b[2J\n\xE2\x81\xA6" // turns the direction
          "AB\n",

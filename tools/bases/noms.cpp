@@ -55,7 +55,7 @@ Texte nomSeul(const Texte &chemin) {
 Texte titreDuNom(const Texte &chemin) {
     Texte titre = nomNu(chemin);
     std::replace_if(
-        titre.begin(), titre.end(), [](char16_t c) { return c < u' ' || c == u'_'; }, u' ');
+        titre.begin(), titre.end(), [](char16_t c) { return isControl(c) || c == u'_'; }, u' ');
     titre.erase(
         std::remove_if(titre.begin(), titre.end(), [](char16_t c) { return ansiCode(c) < 0; }),
         titre.end());
