@@ -184,6 +184,16 @@ TEST_F(ListInput, GetsATitleThatCanBeKeptFromAnyNameOfAFile) {
     EXPECT_EQ(told(), Told{});
 }
 
+TEST_F(ListInput, TellsNamesOfColumnsThatStandWhereAWordShould) {
+    read("\"mots,indice\";\nchat;animal\n", u"liste.csv");
+    EXPECT_EQ(
+        told(),
+        Told{"liste.csv:1 mots,indice : ce sont les noms des colonnes : effacez cette ligne"});
+    read("chat\nmot;indice\nchien\n");
+    EXPECT_EQ(told(),
+              Told{"ESSAI.txt:2 mot;indice : ce sont les noms des colonnes : effacez cette ligne"});
+}
+
 TEST_F(ListInput, CommandsNoTerminalByItsNameNorByItsLines) {
     read("\x1b[2J\n\xE2\x81\xA6" // turns the direction
          "AB\n",

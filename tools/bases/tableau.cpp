@@ -63,7 +63,18 @@ bool partage(const Texte &ligne, char16_t separateur) {
            cellules(ligne.substr(debut, fin - debut + 1), separateur, ouverte).size() > 1;
 }
 
+bool nommentDesColonnes(const std::vector<Texte> &noms) {
+    return noms.size() > 1 && nomDesMots(noms[0]) && nomDesIndices(noms[1]);
+}
+
 } // namespace
+
+bool nommeDesColonnes(const Texte &ligne) {
+    bool ouverte = false;
+    return std::any_of(separateurs.begin(), separateurs.end(), [&](char16_t separateur) {
+        return nommentDesColonnes(cellules(ligne, separateur, ouverte));
+    });
+}
 
 Tableau::Tableau(const std::vector<Texte> &lignes, bool csv) : lignes_(lignes) {
     const auto premiere = std::find_if(lignes.begin(), lignes.end(), [](const Texte &ligne) {
@@ -75,7 +86,7 @@ Tableau::Tableau(const std::vector<Texte> &lignes, bool csv) : lignes_(lignes) {
     bool ouverte = false;
     for (const char16_t separateur : separateurs) {
         const std::vector<Texte> noms = cellules(*premiere, separateur, ouverte);
-        if (nomDesMots(noms[0]) && (csv || (noms.size() > 1 && nomDesIndices(noms[1])))) {
+        if (nommentDesColonnes(noms) || (csv && nomDesMots(noms[0]))) {
             noms_ = static_cast<std::size_t>(premiere - lignes.begin());
         }
         const bool possible = csv || noms_ || separateur == u'\t';

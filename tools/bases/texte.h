@@ -19,6 +19,9 @@ std::vector<Texte> lignesDe(const Texte &texte);
 // taken apart, what has no width left out. Tabs and breaks stay.
 Texte nettoyer(const Texte &texte);
 
+// A line that begins a table, whatever parts its columns.
+bool nommeDesColonnes(const Texte &ligne);
+
 // Lines of a table: a spreadsheet's file, or columns pasted into a text.
 class Tableau {
 public:

@@ -147,7 +147,10 @@ private:
 
     void prendreMot(const Tableau::Rangee &rangee) {
         const Texte mot = avecIndice(enCapitales(rangee.mot), rangee.indice);
-        const Texte defaut = defautDeLEntree(mot);
+        Texte defaut = defautDeLEntree(mot);
+        if (defaut.empty() && nommeDesColonnes(mot)) {
+            defaut = u"ce sont les noms des colonnes : effacez cette ligne";
+        }
         const auto [avant, nouveau] = mots_.try_emplace(mot, numero_);
         if (!defaut.empty()) {
             signaler(rangee.mot, defaut);
