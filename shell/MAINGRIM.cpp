@@ -32,8 +32,8 @@ void nettoyerTemporaires(Globales &g) {
     Files &fichiers = g.services.files;
     const Texte probe = g.dossiers.DossierTemp + u"~GRIMOVA.TMP";
     const Texte copie = g.dossiers.DossierTemp + u"~GRIMV.TMP";
-    RecordFile(fichiers, probe, 84);
-    RecordFile(fichiers, copie, 52);
+    RecordFile(fichiers, probe, TypeMot::taille);
+    RecordFile(fichiers, copie, TypeBase::taille);
     fichiers.remove(copie);
     fichiers.remove(probe);
 }

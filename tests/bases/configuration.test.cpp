@@ -164,6 +164,27 @@ TEST_F(Configuration, CheckBoxHolds1ForAnyLimitAndLeavesTheTimeBarUsable) {
     EXPECT_EQ(window.ConfLimite, 1);
 }
 
+TEST_F(Configuration, LeavesNoWorkingValueAndAnEmptySharedTextWhenItGoes) {
+    open();
+    window.CmdNbPlay[2].userClick();
+    game.g.TexteMessage = u"ancien";
+    window.unload();
+    EXPECT_EQ(window.ConfLimite, 0);
+    EXPECT_EQ(window.ConfTemps, 0);
+    EXPECT_EQ(window.ConfErreurs, 0);
+    EXPECT_EQ(window.ConfMode, 0);
+    EXPECT_EQ(toUtf8(game.g.TexteMessage), "");
+}
+
+TEST_F(Configuration, TellsTheModeInForceToWhoCannotSeeItsColour) {
+    settings.NombreJoueur = 2;
+    open();
+    window.CmdNbPlay[2].userClick();
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(toUtf8(window.CmdNbPlay[i].accessibleDescription), i == 2 ? "choisi" : "") << i;
+    }
+}
+
 TEST_F(Configuration, IsCancelledByItsButtonEscapeAndTheCloseRequest) {
     const std::function<void()> ways[] = {[&] { window.Cmd[0].userClick(); },
                                           [&] { game.press(Key::escape); },

@@ -126,6 +126,37 @@ TEST(Buttons, BearTheNamesOfTheirCommands) {
     EXPECT_EQ(shown(game.menu.Rappel[2].ToolTipText), "A toi");
 }
 
+TEST(Buttons, ThatLeadOnDrawTheEyeAndNoOther) {
+    Game game;
+    FMenu &menu = game.menu;
+    for (const PictureButton *button :
+         {&menu.CmdTjr[0], &menu.CmdTjr[1], &menu.CmdTjr[2], &menu.CmdTjr[3], &menu.CmdJeux[0],
+          &menu.CmdJeux[1], &menu.CmdJeux[2], &menu.CmdBase, &menu.CmdCfg[0], &menu.CmdCfg[1],
+          &menu.lblAbout}) {
+        EXPECT_EQ(button->prominent, button == &menu.CmdTjr[2] || button == &menu.CmdJeux[0])
+            << button->path();
+    }
+}
+
+TEST(Buttons, AreReachedByTabFromTheLeftToTheRight) {
+    Game game;
+    FMenu &menu = game.menu;
+    for (const Control *control : std::initializer_list<Control *>{
+             &menu.CmdTjr[2], &menu.CmdBase, &menu.CmdCfg[0], &menu.CmdCfg[1], &menu.CmdTjr[1],
+             &menu.lblAbout, &menu.CmdTjr[3], &menu.Image1, &menu.CmdTjr[2]}) {
+        EXPECT_EQ(menu.focus(), control) << control->path();
+        game.press(Key::tab);
+    }
+    game.start({.mode = 3, .words = {u"AB", u"CD"}});
+    game.propose("AB"); // player 2 may give up
+    menu.setFocus(menu.CmdTjr[3]);
+    Key back;
+    back.code = Key::tab;
+    back.shift = true;
+    menu.pressKey(back);
+    EXPECT_EQ(menu.focus(), &menu.lblAbout);
+}
+
 TEST(Buttons, GreyedTakeNoClickWhichChangesNothing) {
     Game game;
     game.start({.words = {u"AB", u"CD"}});

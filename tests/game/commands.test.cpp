@@ -140,6 +140,17 @@ TEST_F(Command, SettingsShowTheNewPlayersAfterOkAndNothingAfterCancel) {
     EXPECT_EQ(game.g.reglages.NombreJoueur, 3);
 }
 
+TEST_F(Command, SettingsThatGoWithoutAnAnswerShowNothingNewWhateverWasAnsweredBefore) {
+    game.prepare({.mode = 1});
+    game.g.ReponseFenetre = 1;
+    game.windows.expectModal("FCHoix", [this](Form &form) {
+        game.g.joueurs.NomJoueur[2] = u"ANNE";
+        form.unload();
+    });
+    ASSERT_TRUE(menu.CmdCfg[0].userClick());
+    EXPECT_EQ(shown(menu.Rappel[1].Caption), "MARIE D.");
+}
+
 TEST_F(Command, PointerIsAnUpArrowOverButtonsAndAnArrowOverTheBackground) {
     for (Control *control :
          {static_cast<Control *>(&menu.CmdBase), static_cast<Control *>(&menu.CmdTjr[1]),

@@ -59,6 +59,14 @@ TEST_F(NewGame, IsGivenUpWhenTheSettingsAreCancelled) {
     expectGivenUp();
 }
 
+TEST_F(NewGame, IsGivenUpWhenTheSettingsGoWithoutAnAnswerWhateverWasAnsweredBefore) {
+    game.g.joueurs.NomJoueur[1] = u"DURAND";
+    game.g.ReponseFenetre = 1;
+    game.windows.expectModal("FCHoix", [](Form &form) { form.unload(); });
+    ASSERT_TRUE(press());
+    expectGivenUp();
+}
+
 TEST_F(NewGame, IsGivenUpWhenTheThemeIsCancelled) {
     installOne();
     confirmChoice();

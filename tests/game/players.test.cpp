@@ -155,4 +155,20 @@ TEST(ScoreGauge, OfAnEmptyBaseWouldDivideByZero) {
     EXPECT_EQ(number, 11);
 }
 
+TEST(Players, GreyAndHideBothWaysOfGivingUpWhateverTheNames) {
+    for (const char16_t *family : {u"", u"DURAND"}) {
+        Game game;
+        game.prepare({.mode = 2, .names = {family, u"", u"PETIT", u""}});
+        for (const int button : {1, 2}) {
+            game.menu.CmdJeux[button].Inactif = false;
+            game.menu.CmdJeux[button].Visible = true;
+        }
+        EXPECT_EQ(game.menu.AfficherJoueurs(), *family != 0);
+        for (const int button : {1, 2}) {
+            EXPECT_TRUE(game.menu.CmdJeux[button].Inactif) << button;
+            EXPECT_FALSE(game.menu.CmdJeux[button].Visible) << button;
+        }
+    }
+}
+
 } // namespace grimoval::test::players

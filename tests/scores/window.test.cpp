@@ -26,6 +26,25 @@ TEST(ScoreTable, OfOnePlayerHasTwoColumnsAndEightRows) {
                                        {u"Score :", u"51"}}));
 }
 
+TEST(ScoreTable, IsOneHalfWideForEachColumnOfOnePlayer) {
+    Window window(1);
+    window.table();
+    EXPECT_EQ(window.score.LstScore.columnWidths, (std::vector{3500, 3500}));
+    EXPECT_EQ(window.score.LstScore.mergedRows, (std::vector<bool>{false, true}));
+}
+
+TEST(ScoreTable, PutsTheNamesBackAtTheLeftOfTheirFields) {
+    Window window(2);
+    auto &names = window.g.joueurs.NomJoueur;
+    names = {Texte(), u"  DURAND", u" MARIE", u"   PETIT", u" LÉO"};
+    EXPECT_EQ(window.table()[0],
+              (std::vector<Texte>{u"Nom et prénom :", u"DURAND MARIE", u"PETIT  LÉO"}));
+    const char16_t *left[] = {u"DURAND", u"MARIE", u"PETIT", u"LÉO"};
+    for (std::size_t i = 0; i < 4; ++i) {
+        EXPECT_EQ(names[i + 1].text().substr(0, Texte(left[i]).size()), left[i]);
+    }
+}
+
 TEST(ScoreTable, OfTwoPlayersOnOneWordKnowsNeitherAbandonsNorWordsNotFound) {
     Window window(2);
     EXPECT_EQ(window.table(), (Rows{{u"Nom et prénom :", u"DURAND MARIE", u"PETIT  LÉO"},
@@ -133,6 +152,25 @@ TEST(ScoreWindow, ClosedInAnyOtherWayWritesNoRecordAndClearsTheCountersAllTheSam
     }
     EXPECT_EQ(s.ChangementsTour[1], 8); // never reset
     EXPECT_EQ(s.NbMotsBase, 40);
+}
+
+TEST(ScoreWindow, LeavesTheSharedTextEmptyAndNothingOfItselfWhenItGoes) {
+    Window window(1);
+    window.g.TexteMessage = u"ancien";
+    window.score.show();
+    EXPECT_EQ(toUtf8(window.g.TexteMessage), "");
+    window.score.HauteurLigne = 12; // as a printing leaves it
+    window.score.requestClose();
+    EXPECT_EQ(window.score.HauteurLigne, 0);
+    EXPECT_EQ(toUtf8(window.score.Horodatage), "");
+    EXPECT_FALSE(window.score.PartieAEcrire);
+    EXPECT_FALSE(window.score.ScoreNonEcrit);
+}
+
+TEST(ScoreWindow, GivesTheKeyboardToTheWayOut) {
+    Window window(1);
+    window.score.show();
+    EXPECT_EQ(window.score.focus(), &window.score.CmdScore[0]);
 }
 
 TEST(ScoreWindow, ASecondShowingBeginsAnew) {

@@ -120,10 +120,168 @@ TEST(Faces, AreSetByTheWindowsThemselvesFromTheFolderOfImages) {
         {&game.names, &game.names.Cmd[0], "_OK_ovale.tga"},
         {&game.names, &game.names.Cmd[1], "_Annuler_ovale.tga"},
         {&game.choice, &game.choice.Cmd[1], "_OK_ovale.tga"},
-        {&game.choice, &game.choice.Cmd[0], "_Annuler_ovale.tga"}};
+        {&game.choice, &game.choice.Cmd[0], "_Annuler_ovale.tga"},
+        {&game.all.option, &game.all.option.Cmd[0], "_OK_ovale.tga"},
+        {&game.all.option, &game.all.option.Cmd[1], "_Annuler_ovale.tga"},
+        {&game.score, &game.score.CmdScore[0], "_Quitter.tga"},
+        {&game.score, &game.score.CmdScore[1], "_IMPRIMER.tga"}};
     for (const auto &[form, button, file] : rows) {
         form->load();
         EXPECT_EQ(shown(button->Face), images + file) << button->path();
+    }
+}
+
+// A name is what a screen reader says of a control that shows no text.
+TEST(SpokenNames, OfButtonsAreTheWordsOnTheirFaces) {
+    Game game;
+    FAbout &about = game.all.about;
+    FOption &option = game.all.option;
+    const std::pair<PictureButton *, const char *> rows[] = {
+        {&game.titles.CmdTitre[1], "OK"},
+        {&game.titles.CmdTitre[0], "Annuler"},
+        {&game.choice.Cmd[1], "OK"},
+        {&game.choice.Cmd[0], "Annuler"},
+        {&game.names.Cmd[0], "OK"},
+        {&game.names.Cmd[1], "Annuler"},
+        {&option.Cmd[0], "OK"},
+        {&option.Cmd[1], "Annuler"},
+        {&game.question.CmdMsg[1], "OK"},
+        {&game.question.CmdMsg[2], "Annuler"},
+        {&about.CmdABout[0], "OK"},
+        {&about.CmdABout[1], "Site internet"},
+        {&about.Command2, "ECRIRE AU SUPPORT TECHNIQUE"},
+        {&game.score.CmdScore[1], "Imprimer"},
+        {&game.score.CmdScore[0], "Quitter"}};
+    for (const auto &[button, name] : rows) {
+        EXPECT_EQ(toUtf8(button->accessibleName), name) << button->path();
+    }
+}
+
+TEST(SpokenNames, OfPicturesGaugesAndTheTableSayWhatIsSeenThere) {
+    Game game;
+    const std::pair<Control *, const char *> rows[] = {{&game.menu.VSDessin, "Image du thème"},
+                                                       {&game.menu.Image1, "Catalogue des thèmes"},
+                                                       {&game.menu.FluReflec, "Temps de réflexion"},
+                                                       {&game.menu.FluxScore, "Mots trouvés"},
+                                                       {&game.score.LstScore, "Scores"}};
+    for (const auto &[control, name] : rows) {
+        EXPECT_EQ(toUtf8(control->accessibleName), name) << control->path();
+    }
+    EXPECT_EQ(shown(game.menu.VSDessin.ToolTipText), "Image du thème");
+    EXPECT_EQ(shown(game.menu.Image1.ToolTipText), "Catalogue des thèmes");
+}
+
+TEST(SpokenNames, OfBoxesBarsFieldsAndListsAreTheLabelsBesideThem) {
+    Game game;
+    FOption &option = game.all.option;
+    const std::pair<Control *, Label *> rows[] = {
+        {&game.choice.CmdNbPlay[0], &game.choice.TxtPlay[0]},
+        {&game.choice.CmdNbPlay[1], &game.choice.TxtPlay[1]},
+        {&game.choice.CmdNbPlay[2], &game.choice.TxtPlay[2]},
+        {&game.choice.ConfActive, &game.choice.TxtActive},
+        {&game.choice.DefReflec[0], &game.choice.BordLimit},
+        {&game.choice.DefReflec[1], &game.choice.TxtNbBad},
+        {&game.names.Saisie[0], &game.names.Etiquette1},
+        {&game.names.Saisie[1], &game.names.Etiquette2},
+        {&game.titles.LstTitre, &game.titles.RapTit},
+        {&option.ConfTSons[0], &option.Etiquette[0]},
+        {&option.ConfTSons[1], &option.Etiquette[1]},
+        {&game.score.Resultat[0], &game.score.Etiquette[0]},
+        {&game.score.Resultat[1], &game.score.Etiquette[1]},
+        {&game.score.Resultat[2], &game.score.Etiquette[2]},
+        {&game.score.Resultat[3], &game.score.Etiquette[3]}};
+    for (const auto &[control, label] : rows) {
+        EXPECT_EQ(control->labelledBy, label) << control->path();
+    }
+    EXPECT_EQ(shown(game.names.Etiquette1.Caption), "Nom :");
+    EXPECT_EQ(shown(game.names.Etiquette2.Caption), "Prénom :");
+    EXPECT_EQ(shown(game.titles.RapTit.Caption), "Choisis un titre et appuie sur \"OK\"");
+    EXPECT_EQ(shown(option.EtiquetteTitre.Caption), "Activer / Désactiver");
+    EXPECT_EQ(shown(option.Etiquette[0].Caption), "Musique");
+    EXPECT_EQ(shown(option.Etiquette[1].Caption), "Parole");
+}
+
+TEST(Descriptions, TellWhatATextOfTheMainWindowIsFor) {
+    Game game;
+    const std::pair<Control *, const char *> rows[] = {
+        {&game.menu.RapTit, "Sujet"},
+        {&game.menu.AffMot[0], "Mot à trouver"},
+        {&game.menu.AffMot[1], "Nombre de lettres"},
+        {&game.menu.Rappel[1], "Joueur 1"},
+        {&game.menu.Rappel[2], "Joueur 2"},
+        {&game.menu.ImgScore[0], "Score du joueur 1"},
+        {&game.menu.ImgScore[1], "Score du joueur 2"}};
+    for (const auto &[control, description] : rows) {
+        EXPECT_EQ(toUtf8(control->accessibleDescription), description) << control->path();
+    }
+}
+
+TEST(Inks, AreWhiteOnTheDarkWindows) {
+    Game game;
+    FAbout &about = game.all.about;
+    for (const Label *label :
+         {&game.menu.RapTit, &game.menu.Rappel[1], &game.menu.Rappel[2], &game.menu.ImgScore[0],
+          &game.menu.ImgScore[1], &game.menu.AffMot[1], &about.Txt[0], &about.Txt[1], &about.Txt[2],
+          &about.VsAbout[2], &game.all.splash.M, &game.all.splash.lblCopyright}) {
+        EXPECT_EQ(label->ForeColor.get(), colours::white) << label->path();
+    }
+    EXPECT_EQ(game.menu.AffMot[0].ForeColor.get(), colours::blue);
+    EXPECT_EQ(game.menu.FluReflec.CouleurTexte.get(), colours::white);
+    EXPECT_EQ(game.menu.FluxScore.CouleurTexte.get(), colours::white);
+}
+
+TEST(Panels, HoldTheNameAndTheScoreOfTheirPlayer) {
+    Game game;
+    for (const int player : {1, 2}) {
+        const Label *panel = &game.menu.Bord[player + 1];
+        EXPECT_EQ(game.menu.Rappel[player].container, panel) << player;
+        EXPECT_EQ(game.menu.ImgScore[player - 1].container, panel) << player;
+    }
+}
+
+TEST(Stores, AreOnNoScreenAndWhatAPersonUsesIs) {
+    Game game;
+    for (const LetterButton &store : game.menu.VsAlphabis) {
+        EXPECT_FALSE(store.shownOnScreen) << store.path();
+    }
+    for (const List *store : {&game.menu.LstMot[0], &game.menu.LstMot[1], &game.titles.LstBmpDef,
+                              &game.titles.TmpLstFich, &game.titles.LstFichier}) {
+        EXPECT_FALSE(store->shownOnScreen) << store->path();
+    }
+    EXPECT_FALSE(game.menu.DessTmp.Visible);
+    EXPECT_TRUE(game.titles.LstTitre.shownOnScreen);
+    EXPECT_EQ(game.titles.LstTitre.shownColumns, 30u); // of an entry the title is for the eye
+    for (const LetterButton &letter : game.menu.VsAlpha) {
+        EXPECT_TRUE(letter.shownOnScreen) << letter.path();
+    }
+}
+
+struct WindowRow {
+    Form *form;
+    bool parchment, titleBar, centred, backdrop;
+};
+
+TEST(WindowDress, BearTheNameOfTheGameAndTheirOwnDress) {
+    Game game;
+    const WindowRow rows[] = {{&game.all.splash, false, false, true, false},
+                              {&game.titles, true, false, false, false},
+                              {&game.choice, true, false, false, false},
+                              {&game.names, true, false, false, false},
+                              {&game.score, true, false, false, false},
+                              {&game.all.option, true, false, false, false},
+                              {&game.question, true, false, true, false},
+                              {&game.menu, false, true, false, false},
+                              {&game.all.about, false, true, false, false},
+                              {&game.all.plein, false, false, false, true}};
+    for (const WindowRow &row : rows) {
+        const std::string path = row.form->path();
+        EXPECT_EQ(row.form->parchment, row.parchment) << path;
+        EXPECT_EQ(row.form->titleBar, row.titleBar) << path;
+        EXPECT_EQ(row.form->centred, row.centred) << path;
+        EXPECT_EQ(row.form->backdrop, row.backdrop) << path;
+        if (!row.titleBar && !row.backdrop) {
+            EXPECT_EQ(shown(row.form->Caption), "Le Grimoval") << path;
+        }
     }
 }
 

@@ -111,6 +111,24 @@ TEST(SoundOptions, WorkingValuesAreFilledAtEachActivationAndGoWithTheWindow) {
     EXPECT_EQ(game.all.option.ChoixParole, 0);
 }
 
+TEST(SoundOptions, WithoutDevicesStartFromNothingAndLeaveTheSharedTextEmpty) {
+    Game game;
+    game.g.son = {1, 1, 0, 0, -1};
+    FOption &option = game.all.option;
+    option.ChoixMusique = option.ChoixParole = 1;
+    option.show();
+    EXPECT_EQ(option.ChoixMusique, 0);
+    EXPECT_EQ(option.ChoixParole, 0);
+    EXPECT_FALSE(option.ConfTSons[0].Enabled);
+    EXPECT_FALSE(option.ConfTSons[1].Enabled);
+    option.ChoixMusique = option.ChoixParole = 1;
+    game.g.TexteMessage = u"ancien";
+    option.unload();
+    EXPECT_EQ(toUtf8(game.g.TexteMessage), "");
+    EXPECT_EQ(option.ChoixMusique, 0);
+    EXPECT_EQ(option.ChoixParole, 0);
+}
+
 TEST(SoundOptions, ActivatedAnewGoBackToTheSwitches) {
     Game game;
     FOption &option = game.all.option;
@@ -125,6 +143,26 @@ TEST(SoundOptions, ActivatedAnewGoBackToTheSwitches) {
     EXPECT_EQ(option.ChoixParole, 1);
     EXPECT_EQ(option.ConfTSons[0].Value, 1);
     EXPECT_EQ(option.ConfTSons[1].Value, 1);
+}
+
+TEST(About, LeavesTheSharedTextEmptyWhateverItHeld) {
+    Game game;
+    game.g.TexteMessage = u"ancien";
+    game.all.about.load();
+    EXPECT_EQ(toUtf8(game.g.TexteMessage), "");
+    EXPECT_EQ(
+        shown(game.all.about.Txt[2].Caption),
+        "Atelier Calvenor, jeux éducatifs\nFRANCE\n\nsupport technique : support@calvenor.example\n"
+        "site internet : https://www.calvenor.example/");
+    EXPECT_EQ(shown(game.all.about.VsAbout[2].Caption), "Un jeu de l'atelier Calvenor");
+}
+
+TEST(About, TakesTheFacesOfItsButtons) {
+    Game game;
+    game.all.about.show();
+    const std::string images = toUtf8(game.g.dossiers.DossierImages);
+    EXPECT_EQ(shown(game.all.about.CmdABout[0].Face), images + "_OK.tga");
+    EXPECT_EQ(shown(game.all.about.CmdABout[1].Face), images + "_Apropos2.tga");
 }
 
 TEST(About, ShowsTheMakersLinesAndEachPaintGivesTheFocusToTheSite) {

@@ -36,6 +36,25 @@ TEST(QuitQuestion, EnterSaysYesAndTheButtonsAnswerSixAndSeven) {
     EXPECT_EQ(game.g.ReponseFenetre, 6);
 }
 
+TEST(QuitQuestion, ShowsItsTwoButtonsWithTheirFacesAtEachAsking) {
+    Game game;
+    EXPECT_FALSE(game.question.CmdMsg[1].Visible);
+    EXPECT_FALSE(game.question.CmdMsg[2].Visible);
+    EXPECT_EQ(game.question.MinutFlash.Interval, 500);
+    const std::string images = toUtf8(game.g.dossiers.DossierImages);
+    for (int i = 0; i < 2; ++i) {
+        game.windows.expectModal("Fmsg1", [&](Form &form) {
+            EXPECT_TRUE(game.question.CmdMsg[1].isOpen());
+            EXPECT_TRUE(game.question.CmdMsg[2].isOpen());
+            EXPECT_EQ(shown(game.question.CmdMsg[1].Face), images + "_OK_ovale.tga");
+            EXPECT_EQ(shown(game.question.CmdMsg[2].Face), images + "_Annuler_ovale.tga");
+            form.unload();
+            EXPECT_FALSE(game.g.FenetreModale);
+        });
+        DemanderQuitter(game.g, game.question);
+    }
+}
+
 TEST(QuitQuestion, EscapeReachesForAButtonThatIsNotThere) {
     Game game;
     game.windows.expectModal("Fmsg1", [&](Form &form) {

@@ -80,6 +80,29 @@ TEST_F(UtilityControl, HandsEachOperationOverByItsNumber) {
     EXPECT_EQ(world.windows.take(), Events{"document /jeu/catalogue.chm"});
 }
 
+TEST_F(UtilityControl, ChangesNoAnswerButThatOfTheOperation) {
+    profile(u"S", u"C");
+    control.FichierIni = world.folder.path(u"absent/a.ini"); // a write fails in silence
+    control.Valeur = u"7";
+    control.ValeurRegistre = u"ancienne";
+    for (const int code : {1, 3, 4, 5, 6, 12}) {
+        control.Action(code);
+        EXPECT_EQ(toUtf8(control.Valeur), "7") << code;
+        EXPECT_EQ(toUtf8(control.ValeurRegistre), "ancienne") << code;
+    }
+    world.windows.take();
+    for (const int code : {1, 2, 9}) { // files and folders are neither seen nor heard
+        control.Action(code);
+        EXPECT_EQ(world.windows.take(), Events{}) << code;
+    }
+}
+
+TEST_F(UtilityControl, StartsWithoutALoopAndInNoBranchOfTheRegistry) {
+    EXPECT_FALSE(control.BoucleMidi);
+    EXPECT_EQ(control.RacineRegistre, 0);
+    EXPECT_EQ(control.hote, nullptr);
+}
+
 TEST_F(UtilityControl, DoesNothingForTheNumbersThatAreNotUsed) {
     for (const int code : {0, 7, 8, 10, 11, 13, -1}) {
         control.Action(code);
