@@ -42,7 +42,7 @@ class Connus:
 
     def __init__(self):
         self.arbre = empreinte(*sources())
-        self.suites = suites(RACINE, lambda _dossier, _texte: True)
+        self.suites = suites(RACINE)
         self.regles = {}
         self.rangees = {}
         if os.path.exists(RESULTATS):
@@ -62,7 +62,7 @@ class Connus:
         if not rangee or rangee["regle"] != self.regle(mutant):
             return None
         if rangee["verdict"] in bilan.TUES:
-            garde = rangee["essai"].split(".")[0] in self.suites
+            garde = rangee["essai"].split(".")[0].split("/")[-1] in self.suites
         else:
             garde = rangee["arbre"] == self.arbre
         return rangee["verdict"] if garde else None
@@ -119,7 +119,9 @@ class Chantier:
     def travailler(self, atelier):
         fichier = None
         try:
-            while (mutant := self.prendre(fichier)) and not self.panne:
+            atelier.preparer()
+            print(f"{atelier.nom} : sans mutant les tests passent, en {atelier.essayer_sain():.0f} s.", flush=True)
+            while not self.panne and (mutant := self.prendre(fichier)):
                 fichier, debut = mutant.fichier, time.monotonic()
                 verdict, essai = atelier.essayer(mutant)
                 self.rendre(mutant, verdict, essai, time.monotonic() - debut)
@@ -130,17 +132,11 @@ class Chantier:
         if not self.reste:
             return
         ateliers = [Atelier(RACINE, os.path.join(TRAVAIL, f"atelier{i + 1}")) for i in range(ATELIERS)]
-        for atelier in ateliers:  # all at once: the tree may go on while they build
+        for atelier in ateliers:  # all before the first begins: the tree may go on
             atelier.copier()
-        for atelier in ateliers:
-            atelier.preparer()
-        duree = ateliers[0].essayer_sain()
-        print(f"Sans mutant les tests passent, en {duree:.0f} s.", flush=True)
-        fils = []
-        for atelier in ateliers:
-            atelier.delai = ateliers[0].delai
-            fils.append(threading.Thread(target=self.travailler, args=(atelier,), daemon=True))
-            fils[-1].start()
+        fils = [threading.Thread(target=self.travailler, args=(a,), daemon=True) for a in ateliers]
+        for fil in fils:
+            fil.start()
         for fil in fils:
             fil.join()
         if self.panne:
