@@ -223,4 +223,15 @@ TEST_F(CatalogueExit, AFileNameThatLeadsElsewhereIsAMissingOne) {
     EXPECT_EQ(outcome.said, Events{warning});
 }
 
+TEST_F(CatalogueExit, TheWindowGoneDuringTheCheckEndsItInSilence) {
+    list(baseRecord(1, 2, u"ABSENT") + baseRecord(2, 3, u"LA"));
+    base(u"LA.DBS", 3);
+    game.windows.onMessage = [](const Message &) { throw Failure(failure::windowUnloaded); };
+    const Outcome outcome = open();
+    EXPECT_FALSE(outcome.stopped);
+    EXPECT_EQ(outcome.said, Events{warning}); // the one during which the window went
+    EXPECT_EQ(outcome.entries, "");
+    EXPECT_FALSE(outcome.open);
+}
+
 } // namespace grimoval::test::catalogue_exits

@@ -190,4 +190,32 @@ TEST_F(Chooser, KeepsTheHourglassFromTheClickToTheNextPaint) {
     EXPECT_EQ(pointers, (Events{"pointeur 11", "pointeur 0"})); // the main window's paint
 }
 
+TEST_F(Chooser, TakesAnEntryApartByPosition) {
+    window.show();
+    const Texte title = u" Trente lettres en tout, pas + ";
+    window.LstTitre.Items = std::vector<Texte>{title.substr(0, 30) + u"abc" + u"0123456789",
+                                               title.substr(0, 30) + u"9876543210"};
+    ASSERT_TRUE(window.LstTitre.userSelect(0));
+    EXPECT_EQ(toUtf8(window.TitreChoisi), "Trente lettres en tout, pas +");
+    EXPECT_EQ(toUtf8(window.FichierChoisi), "abc");
+    EXPECT_EQ(toUtf8(base.ImageBase), "0123456789");
+    ASSERT_TRUE(window.LstTitre.userSelect(1));
+    EXPECT_EQ(toUtf8(window.FichierChoisi), "");
+    EXPECT_EQ(toUtf8(base.ImageBase), "9876543210");
+}
+
+TEST_F(Chooser, KeepsWhatWasChosenWhereNoEntryOrAShorterOneIsSelected) {
+    window.show();
+    ASSERT_TRUE(window.LstTitre.userSelect(2));
+    const Texte file = window.FichierChoisi, title = window.TitreChoisi, image = base.ImageBase;
+    EXPECT_EQ(toUtf8(file), "ZOO.DBS");
+    window.LstTitre.Items = std::vector<Texte>{Texte(39, u'x')};
+    for (const int item : {0, -1}) {
+        window.LstTitre.ListIndex = item;
+        EXPECT_EQ(window.FichierChoisi, file) << item;
+        EXPECT_EQ(window.TitreChoisi, title) << item;
+        EXPECT_EQ(base.ImageBase, image) << item;
+    }
+}
+
 } // namespace grimoval::test::chooser

@@ -116,4 +116,15 @@ TEST_F(Turn, WhichIsNotTheThinkingTimesComesWithoutALimitInMode2Too) {
     EXPECT_FALSE(menu.FluReflec.EnMarche);
 }
 
+TEST_F(Turn, PassesWithAGoodLetterInMode2WhereTheTimeIsLimitedButDoesNotRun) {
+    for (const bool runs : {true, false}) {
+        Game other;
+        other.start({.mode = 2, .words = {u"AMI"}, .limited = true});
+        other.menu.FluxActif = runs;
+        other.propose("A");
+        EXPECT_EQ(other.menu.JoueurCourant, runs ? 1 : 2);
+        EXPECT_EQ(other.word(), "A##");
+    }
+}
+
 } // namespace grimoval::test::turns

@@ -122,5 +122,20 @@ TEST(Dates, AreFrenchWithTheDayInTwoDigitsAndACapital) {
               "Mardi, 01 décembre 2026 à 09:08:07");
 }
 
+TEST(Dates, NameEveryDayOfTheWeekAndEveryMonth) {
+    const char *days[] = {"Lundi", "Mardi", "Mercredi", "Jeudi", "Vendredi", "Samedi", "Dimanche"};
+    for (int i = 0; i < 7; ++i) { // the 4th of May 2026 is a Monday
+        EXPECT_EQ(toUtf8(dateEnTouteLettre({2026, 5, 4 + i, 10, 0, 0})),
+                  days[i] + (i < 6 ? std::string(", 0") : ", ") + std::to_string(4 + i) +
+                      " mai 2026 à 10:00:00");
+    }
+    const char *months[] = {"janvier", "février", "mars",      "avril",   "mai",      "juin",
+                            "juillet", "août",    "septembre", "octobre", "novembre", "décembre"};
+    for (int i = 0; i < 12; ++i) {
+        const std::string date = toUtf8(dateEnTouteLettre({2026, i + 1, 10, 10, 0, 0}));
+        EXPECT_NE(date.find(std::string(" 10 ") + months[i] + " 2026 "), std::string::npos) << date;
+    }
+}
+
 } // namespace
 } // namespace grimoval::test

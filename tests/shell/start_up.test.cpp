@@ -175,6 +175,18 @@ TEST(CatalogueAtStartUp, OfLengthZeroIsGoneAfterTheStartUpWithoutAMessage) {
     EXPECT_TRUE(start.windows.messages.empty());
 }
 
+TEST(CatalogueAtStartUp, OfLengthZeroEndsTheProgramWhereItMustBeThere) {
+    Startup start;
+    start.folder.write(u"grimoval/MASK/GRIMV.LST", "");
+    start.g.ListeObligatoire = true;
+    start.windows.expectModal("frmSplash", [](Form &form) { form.unload(); });
+    EXPECT_THROW(Main(start.g, start.all), ProgramEnd);
+    ASSERT_EQ(start.windows.messages.size(), 1u);
+    EXPECT_EQ(toUtf8(start.windows.messages[0].text), "Le fichier GRIMV.LST est déffectueux.");
+    EXPECT_EQ(start.windows.messages[0].icon, MessageIcon::critical);
+    EXPECT_TRUE(start.folder.exists(u"grimoval/MASK/GRIMV.LST"));
+}
+
 TEST(CatalogueAtStartUp, OfAnyOtherLengthStays) {
     Startup start;
     EXPECT_EQ(start.run(), 0);
