@@ -51,6 +51,15 @@ def filtre(passer, sauter=()):
     return f"--gtest_filter={motifs(passer) if passer else '*'}-{motifs(sauter)}"
 
 
+def demonter(dossier):
+    """A test that was killed leaves the small disk that it had mounted."""
+    with open("/proc/mounts", encoding="utf-8") as montages:
+        places = [ligne.split()[1] for ligne in montages]
+    for place in places:
+        if place.startswith(dossier + "/"):
+            subprocess.run(["umount", "-l", place], check=False)
+
+
 def limiter():
     resource.setrlimit(resource.RLIMIT_AS, (MEMOIRE, MEMOIRE))
     resource.setrlimit(resource.RLIMIT_FSIZE, (FICHIERS, FICHIERS))
@@ -180,6 +189,7 @@ class Atelier:
                     trop_long = True
                 else:
                     trop_long = False
+                demonter(temporaire)
                 sortie.seek(0)
                 dit = sortie.read().decode("utf-8", "replace")
         en_cours = (EN_COURS.findall(dit) or ["?"])[-1]
