@@ -234,4 +234,15 @@ TEST_F(CatalogueExit, TheWindowGoneDuringTheCheckEndsItInSilence) {
     EXPECT_FALSE(outcome.open);
 }
 
+TEST_F(CatalogueExit, TheFilesThatNoRecordClaimsAreLeftInTheWorkList) {
+    list(baseRecord(1, 2, u"ICI") + baseRecord(2, 1, u"LA"));
+    base(u"AUTRE.DBS", 1);
+    base(u"ICI.DBS", 2);
+    base(u"LA.DBS", 1);
+    base(u"ZUT.DBS", 1);
+    game.titles.show();
+    EXPECT_EQ(titles(), "Titre, Titre");
+    EXPECT_EQ(shownValue(game.titles.TmpLstFich.Items.get()), R"("AUTRE.DBS" "ZUT.DBS")");
+}
+
 } // namespace grimoval::test::catalogue_exits

@@ -213,4 +213,16 @@ TEST_F(ThinkingTime, IsZeroedAndShownOrHiddenAtEachActivationOfTheWindow) {
     EXPECT_TRUE(gauge.Visible);
 }
 
+TEST_F(ThinkingTime, ThatWasStoppedIsNoTimeOutWhenItsEndComesLate) {
+    Game other;
+    other.start({.words = {u"AB"}, .limited = true});
+    other.propose("AB");
+    EXPECT_FALSE(other.menu.FluxArme);
+    const int score = other.g.scores.Score[1];
+    other.prompts();
+    other.menu.FluReflec_Fin();
+    EXPECT_EQ(other.prompts(), Events{});
+    EXPECT_EQ(other.g.scores.Score[1], score);
+}
+
 } // namespace grimoval::test::thinking_time

@@ -98,6 +98,20 @@ TEST(Record, ElapsedHoursWrapAtADay) {
     EXPECT_NE(game.leave().find("Temps écoulé : 01:00:01\r\n"), std::string::npos);
 }
 
+TEST(Record, TellsTheElapsedTimeInTwoDigits) {
+    const std::pair<int, const char *> rows[] = {{0, "00:00:00"},
+                                                 {9 * 3600 + 9 * 60 + 9, "09:09:09"},
+                                                 {10 * 3600 + 10 * 60 + 10, "10:10:10"},
+                                                 {23 * 3600 + 59 * 60 + 59, "23:59:59"}};
+    for (const auto &[seconds, text] : rows) {
+        Recorded game(1);
+        game.g.scores.TempsEcoule = seconds;
+        EXPECT_NE(game.leave().find(std::string("Temps écoulé : ") + text + "\r\n"),
+                  std::string::npos)
+            << text;
+    }
+}
+
 TEST(Record, ANumberOfWordsNotFoundBeyond16BitsIsToldAndTheRecordIsLost) {
     Recorded game(3);
     game.score.show();

@@ -225,6 +225,23 @@ TEST(StartUpState, IsSetForTheGame) {
     EXPECT_TRUE(looked);
 }
 
+TEST(StartUpState, BeforeAnythingIsEmpty) {
+    World world;
+    const Globales g(world.services);
+    EXPECT_EQ(g.reglages.NombreJoueur, 1);
+    EXPECT_EQ(g.reglages.RéflexionLimite, 1);
+    EXPECT_EQ(g.reglages.TempsRéflexion, 20);
+    EXPECT_EQ(g.reglages.NombreErreur, 6);
+    EXPECT_EQ(g.son.ConfDep, -1);
+    for (const int time : {g.scores.HeureDebut, g.scores.HeureCourante, g.scores.TempsEcoule}) {
+        EXPECT_EQ(time, 0);
+    }
+    for (const bool flag :
+         {g.base.BaseChargee, g.FenetreModale, g.BoutonSite, g.ListeObligatoire}) {
+        EXPECT_FALSE(flag);
+    }
+}
+
 TEST(StartUpState, OfTheFirstStartWritesNineKeysByteForByte) {
     Startup start;
     EXPECT_EQ(start.run(), 0);
