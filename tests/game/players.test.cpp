@@ -142,6 +142,19 @@ TEST(ScoreGauge, TurnsItsTextWhiteAtFortyHundredthsAndStartsWhiteAndEmpty) {
     EXPECT_EQ(gauge.Valeur.get(), 0);
 }
 
+TEST(ScoreGauge, ReckonsItsHundredthsWholeAndRoundsThemDown) {
+    for (const auto &[words, white] : {std::pair{100, true}, {101, false}, {102, false}}) {
+        Game game;
+        game.start({.words = {u"A"}});
+        game.g.scores.NbMotsBase = words;
+        game.g.scores.MotsTrouves[1] = 39;
+        game.menu.FluxScore.CouleurTexte = colours::red;
+        game.propose("A"); // the 40th
+        EXPECT_EQ(game.menu.FluxScore.CouleurTexte.get(), white ? colours::white : colours::red)
+            << words;
+    }
+}
+
 TEST(ScoreGauge, OfAnEmptyBaseWouldDivideByZero) {
     Game game;
     game.start({.words = {u"AB"}});
