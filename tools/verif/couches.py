@@ -26,7 +26,7 @@ ETAGES = {
 }
 # The viewer of the help and the makers of pictures are programs of their own, on the toolkit.
 VOIENT_LA_BOITE_A_OUTILS = ("main.cpp", "platform/qt/", "tests/qt/", "tests/fuzz/qt/", "tools/aide/", "tools/scene/",
-                            "tools/vues/", "bench/window.bench.cpp")
+                            "tools/vues/", "bench/window.bench.cpp", "bench/empty.cpp")
 BOITE_A_OUTILS = re.compile(r"^(Q[A-Z]\w*(/.*)?|Qt\w*(/.*)?|q\w+\.h|SDL.*)$")
 INCLUSION = re.compile(r'^\s*#\s*include\s*(?:"([^"]+)"|<([^>]+)>)', re.M)
 
