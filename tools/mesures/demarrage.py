@@ -7,6 +7,7 @@ from statistics import median
 import processus
 from salle import ARBRE, HAUTEUR, LARGEUR, VIDE, Salle
 from tableau import Ligne
+from temoin import Manque
 
 PAIRES = 15
 FROIDS = 5
@@ -67,9 +68,14 @@ def ouvrir_menu(salle, vues):
     debut = temoin.touche("space")
     temoin.attendre_vue(DE_MENU, vues.menu)
     temoin.oublier()
-    temoin.touche("Tab")  # the ring goes on to the next button
     gauche, haut = salle.menu()(70, 510)
-    return temoin.attendre_dessin(gauche, haut) - debut
+    for _ in range(100):
+        temoin.touche("Tab")  # the ring goes on to the next button, once the window has the keyboard
+        try:
+            return temoin.attendre_dessin(gauche, haut, 0.1) - debut
+        except Manque:
+            pass
+    raise Manque("la fenêtre principale ne répond pas")
 
 
 def mesurer():

@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """What the system knows of a process."""
-import glob
 import os
+import time
 
 
 def memoire(numero):
@@ -18,15 +18,8 @@ def lu(numero):
 
 
 def processeur(numero):
-    """Seconds of all its threads; those that have ended do not count."""
-    total = 0
-    for chemin in glob.glob(f"/proc/{numero}/task/*/schedstat"):
-        try:
-            with open(chemin, encoding="ascii") as fichier:
-                total += int(fichier.read().split()[0])
-        except OSError:
-            pass  # it has ended
-    return total / 1e9
+    """Seconds of all its threads, those that have ended too: the clock that the system keeps for it."""
+    return time.clock_gettime(~numero << 3 | 2)  # as clock_getcpuclockid() names it
 
 
 CACHES = "/proc/sys/vm/drop_caches"

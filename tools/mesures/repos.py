@@ -21,15 +21,13 @@ class Minute:
         self.jeu = salle.jeu()
 
     def commencer(self):
-        # What was said at the last step has ended, and the device with it.
         self.salle.temoin.calme(0.3)
         self.salle.temoin.oublier()
         self.avant = processus.processeur(self.jeu.pid)
 
     def finir(self):
         self.temps = processus.processeur(self.jeu.pid) - self.avant
-        moments = [dessin[0] for dessin in self.salle.temoin.dessins(time.monotonic())]
-        self.dessins = len(moments)
+        self.dessins = sum(1 for _ in self.salle.temoin.dessins(time.monotonic()))
         if self.jeu.poll() is not None:
             raise RuntimeError("le jeu s'est arrêté")
 
@@ -46,7 +44,7 @@ def mesurer():
         repos.salle.passer_accueil()
         partie.salle.commencer_partie()
         musique.salle.commencer_partie()
-        time.sleep(12)
+        time.sleep(15)  # what was said last has ended, and the device is closed
         for minute in minutes:
             minute.commencer()
         time.sleep(DUREE)
