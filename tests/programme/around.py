@@ -13,7 +13,7 @@ import subprocess
 import time
 import unittest
 
-from partie import TREE, GameTest, Program, letters, main, wait_for
+from partie import TREE, GameTest, Program, main, wait_for
 
 FAKETIME = "/usr/lib/x86_64-linux-gnu/faketime/libfaketime.so.1"
 MANY = 'for i in {1..100}; do "$0" & all+=($!); done; for one in "${all[@]}"; do wait $one || exit; done'
@@ -25,32 +25,20 @@ def is_watched():
                                         capture_output=True).stdout
 
 
-class Crowd(GameTest):
-    def test_a_hundred_more_at_once_end_at_once_and_the_first_plays_on(self):
-        self.start_game("1 Joueur", ("dupont", "marie"))
+class ThinkingTest(GameTest):
+    thinking_time = 120  # the machine may be busy
 
-        def windows():
-            return self.screen.run("xprop", "-root", "_NET_CLIENT_LIST").count("0x")
+    def thinking(self):
+        return int(self.program.await_one("progress bar", "Temps de réflexion").value)
 
-        before = windows()
-        since = time.monotonic()
-        crowd = self.screen.start(["bash", "-c", MANY, os.path.join(self.tree, "grimoval")])
-        self.propose("Z")
-        self.await_state("Z", "fausse")
-        self.assertEqual(crowd.wait(60), 0)
-        print(f"{time.monotonic() - since:.1f} s", end=" ", flush=True)
-        self.assertEqual(windows(), before)
-        first = letters(self.word())[0]
-        self.propose(first)
-        self.await_state(first, "trouvée")
-        # In the middle of a game the first one dies: nothing that it leaves bars the next.
-        self.program.process.kill()
-        self.program.process.wait()
-        self.begin()
-        self.pass_splash()
+    def await_a_second(self):
+        """Thinking goes on, and by no more than has passed."""
+        start, since = self.thinking(), time.monotonic()
+        wait_for(lambda: self.thinking() > start, "more thinking")
+        self.assertLessEqual(self.thinking() - start, time.monotonic() - since + 1)
 
 
-class Time(GameTest):
+class Time(ThinkingTest):
     def begin(self):
         pass  # with a clock of its own
 
@@ -67,16 +55,6 @@ class Time(GameTest):
             file.write(f"@2026-06-15 {hour:02}:00:00\n")
         os.rename(self.clock + ".new", self.clock)
 
-    def thinking(self):
-        return int(self.program.await_one("progress bar", "Temps de réflexion").value)
-
-    def await_seconds(self, count):
-        """So many seconds of thinking take as long as they should."""
-        start, since = self.thinking(), time.monotonic()
-        wait_for(lambda: self.thinking() >= start + count, "more thinking")
-        self.assertEqual(self.thinking(), start + count)
-        self.assertAlmostEqual(time.monotonic() - since, count, delta=1.2)
-
     @unittest.skipUnless(os.path.exists(FAKETIME), "libfaketime is missing")
     @unittest.skipIf(is_watched(), "a clock of one's own and sanitizers do not go together")
     def test_a_clock_that_jumps_moves_no_thinking_time(self):
@@ -84,7 +62,7 @@ class Time(GameTest):
         self.start_game("1 Joueur", ("dupont", "marie"))
         for hour in (15, 10):
             self.set_clock(hour)
-            self.await_seconds(1)
+            self.await_a_second()
         time.sleep(1.1)  # the length of the game is measured each second
         self.program.press("Voir la réponse")
         self.program.press("Stopper la partie")
@@ -94,22 +72,60 @@ class Time(GameTest):
             self.assertRegex(log.read(), r"Lundi, 15 juin 2026 à 10:00:\d\d\n[^§]* : (21:59|22:00):\d\d\n")
         self.quit()
 
-    def test_a_pause_of_the_process_is_one_beat(self):
-        super().begin()
+
+class Meanwhile(ThinkingTest):
+    def test_one_game_goes_on_through_all_of_it(self):
         self.start_game("1 Joueur", ("dupont", "marie"))
+        self.a_pause_of_the_process_is_one_beat()
+        self.a_hundred_more_at_once_end_at_once()
+        self.windows_come_back_into_a_screen_that_has_changed()
+        self.find_word(self.word())
+        # It dies: nothing that it leaves bars the next.
+        self.program.process.kill()
+        self.program.process.wait()
+        self.begin()
+        self.pass_splash()
+
+    def a_pause_of_the_process_is_one_beat(self):
+        since = time.monotonic()
         before = self.thinking()
         self.program.process.send_signal(signal.SIGSTOP)
-        time.sleep(3.5)
+        time.sleep(3.2)
         self.program.process.send_signal(signal.SIGCONT)
-        self.assertLessEqual(self.thinking(), before + 2)
-        self.await_seconds(1)
+        after = self.thinking()
+        self.assertLessEqual(after - before, time.monotonic() - since - 3.2 + 2)
+        self.await_a_second()
+
+    def a_hundred_more_at_once_end_at_once(self):
+        def windows():
+            return self.screen.run("xprop", "-root", "_NET_CLIENT_LIST").count("0x")
+
+        before = windows()
+        since = time.monotonic()
+        crowd = self.screen.start(["bash", "-c", MANY, os.path.join(self.tree, "grimoval")])
         self.propose("Z")
         self.await_state("Z", "fausse")
+        self.assertEqual(crowd.wait(60), 0)
+        print(f"{time.monotonic() - since:.1f} s", end=" ", flush=True)
+        self.assertEqual(windows(), before)
 
+    def windows_come_back_into_a_screen_that_has_changed(self):
+        self.screen.run(*"xrandr --newmode 800x600 40 800 840 968 1056 600 601 605 628".split())
+        self.screen.run(*"xrandr --addmode screen 800x600".split())
+        self.program.press("A propos")
+        self.program.await_one("push button", "Site internet")
+        for mode in ("800x600", "1366x768", "800x600"):
+            self.resize(mode)
+        self.program.press("OK")
+        self.assertTrue(self.inside(800, 600))
+        self.propose("Y")
+        self.await_state("Y", "fausse")
+        self.resize("1366x768")
 
-class Changes(GameTest):
     def resize(self, mode):
         self.screen.run("xrandr", "--output", "screen", "--mode", mode)
+        width, height = map(int, mode.split("x"))
+        wait_for(lambda: self.inside(width, height), "windows inside " + mode)
 
     def inside(self, width, height):
         """Every window but the backdrop, whole, with its title."""
@@ -126,26 +142,10 @@ class Changes(GameTest):
         return all(within or fills for within, fills in places) and any(
             within for within, _ in places)
 
-    def test_windows_come_back_into_a_screen_that_has_changed(self):
-        self.screen.run(*"xrandr --newmode 800x600 40 800 840 968 1056 600 601 605 628".split())
-        self.screen.run(*"xrandr --addmode screen 800x600".split())
-        self.start_game("1 Joueur", ("dupont", "marie"))
-        self.program.press("A propos")
-        self.program.await_one("push button", "Site internet")
-        for mode in ("800x600", "1366x768", "800x600"):
-            self.resize(mode)
-            width, height = map(int, mode.split("x"))
-            wait_for(lambda: self.inside(width, height), "windows inside " + mode)
-        self.program.press("OK")
-        self.assertTrue(self.inside(800, 600))
-        self.propose("Z")
-        self.await_state("Z", "fausse")
-        self.resize("1366x768")
-        wait_for(lambda: self.inside(1366, 768), "windows inside the first screen")
-        self.find_word(self.word())
-
 
 class Asked(GameTest):
+    thinking_time = 120
+
     def begin(self):
         pass  # when there is what it asks for
 

@@ -34,6 +34,7 @@ def masked(word):
 class GameTest(unittest.TestCase):
     words = WORDS
     headings = []
+    thinking_time = None  # seconds, if not as the game comes; no more than 120
     size = "1366x768"
 
     def setUp(self):
@@ -50,6 +51,10 @@ class GameTest(unittest.TestCase):
                 file.write("\n".join(["Titre : " + title, *self.headings, *self.words]) + "\n")
         subprocess.run([GRIMBASES, "construire", sources, os.path.join(self.tree, "MASK")],
                        check=True)
+        if self.thinking_time:
+            os.makedirs(os.path.dirname(self.data("GRIMOVA.INI")))
+            with open(self.data("GRIMOVA.INI"), "w", encoding="cp1252") as settings:
+                settings.write(f"[Le Grimoval]\nTempsRéflexion={self.thinking_time}\n")
         self.begin()
 
     def begin(self):

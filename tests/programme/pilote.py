@@ -262,14 +262,17 @@ class Program:
 
     def find(self, role=None, name=None, description=None):
         """What is on view in the active window and fits; a text or a pattern for each."""
-        def fits(wanted, text):
-            return wanted is None or (wanted.fullmatch(text or "") is not None
-                                      if isinstance(wanted, re.Pattern) else wanted == text)
+        def fits(wanted, control, part):
+            if wanted is None:
+                return True  # what is not asked for is not asked over the bus
+            text = getattr(control, part) or ""
+            return (wanted.fullmatch(text) is not None if isinstance(wanted, re.Pattern)
+                    else wanted == text)
 
         window = self.active()
         return [c for c in (window.below() if window else [])
-                if (role is None or c.role == role) and fits(name, c.name)
-                and fits(description, c.description) and c.showing]
+                if fits(name, c, "name") and fits(role, c, "role")
+                and fits(description, c, "description") and c.showing]
 
     def await_one(self, role=None, name=None, description=None, seconds=15.0):
         return wait_for(lambda: (self.find(role, name, description) or [None])[0],

@@ -35,6 +35,7 @@ def wave(rate):
 
 class Spoilt(GameTest):
     headings = ["Image : BETES"]
+    thinking_time = 120
 
     def begin(self):
         pass  # when its files are spoilt
