@@ -3,6 +3,7 @@
 
 #include "platform/files.h"
 #include "platform/qt/tune.h"
+#include "qt/memory.h"
 #include "support/temporary_folder.h"
 
 #include <QByteArray>
@@ -124,16 +125,6 @@ double secondsFor(const std::function<void()> &action) {
     const auto start = Clock::now();
     action();
     return std::chrono::duration<double>(Clock::now() - start).count();
-}
-
-std::size_t residentKilobytes() {
-    std::ifstream status("/proc/self/status");
-    std::string word;
-    while (status >> word && word != "VmRSS:") {
-    }
-    std::size_t size = 0;
-    status >> size;
-    return size;
 }
 
 TEST_F(SoundHeard, NoSuchDriverIsNeitherWaveNorMidi) {
