@@ -329,6 +329,13 @@ void Files::copy(const Texte &from, const Texte &to) {
     }
 }
 
+void Files::move(const Texte &from, const Texte &to) {
+    const std::string name = resolve(from);
+    if (::rename(name.c_str(), resolve(to).c_str()) != 0) {
+        failForPath(name, errno);
+    }
+}
+
 std::string Files::read(const Texte &path) {
     const Descriptor file(openOrFail(resolve(path), O_RDONLY));
     return readAll(file);

@@ -83,6 +83,7 @@ public:
     DateTime lastWrite(const Texte &path);  // local time
     void remove(const Texte &path);
     void copy(const Texte &from, const Texte &to); // replaces; on the disk when it returns
+    void move(const Texte &from, const Texte &to); // in one folder, at one stroke; replaces
     std::string read(const Texte &path);           // the whole file
     // Puts a whole new content in the place of a file, or leaves the old one whole.
     void replace(const Texte &path, const std::string &bytes);

@@ -33,6 +33,21 @@ Texte heure(int secondes) {
            deux(secondes % 60);
 }
 
+// A log last written in another month takes the place of the one before. The month alone counts: a
+// log of the same month of another year goes on.
+void changerDeMois(Files &fichiers, const Texte &journal, const Texte &precedent, int mois) {
+    try {
+        if (fichiers.lastWrite(journal).month != mois) {
+            fichiers.move(journal, precedent);
+        }
+    } catch (const Failure &erreur) {
+        // Gone meanwhile: another game on this account has moved it.
+        if (erreur.number != failure::fileNotFound) {
+            throw;
+        }
+    }
+}
+
 } // namespace
 
 // As wide as the printed page in the printer's font, so that the file prints well; the length
@@ -131,12 +146,7 @@ void FScore2::EcrireScore() {
         const Texte precedent = g.dossiers.DossierScore + u"SCORGRIM.BAK";
         { AppendFile(fichiers, journal); }
         { AppendFile(fichiers, precedent); }
-        // The month alone counts: a log of the same month of another year goes on.
-        if (g.services.clock.now().month != fichiers.lastWrite(journal).month) {
-            fichiers.remove(precedent);
-            fichiers.copy(journal, precedent);
-            fichiers.remove(journal);
-        }
+        changerDeMois(fichiers, journal, precedent, g.services.clock.now().month);
         screen().MousePointer = pointeur::sablier;
         AppendFile fichier(fichiers, journal);
         fichier.write(toAnsi(composer(separation)));

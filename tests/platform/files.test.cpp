@@ -188,5 +188,18 @@ TEST_F(FilesTest, AFileTooLargeToBeOneOfOursIs7) {
     EXPECT_EQ(files.length(at(u"enorme")), 80 << 20);
 }
 
+TEST_F(FilesTest, AMovedFileTakesThePlaceOfAnotherUnderAnyCase) {
+    folder.write(u"Ancien", "neuf");
+    folder.write(u"Autre", "vieux");
+    files.move(at(u"ANCIEN"), at(u"AUTRE"));
+    EXPECT_EQ(folder.list(), std::vector<std::string>{"Autre"});
+    EXPECT_EQ(folder.read(u"Autre"), "neuf");
+    EXPECT_EQ(failureNumber([&] { files.move(at(u"absent"), at(u"Autre")); }), 53);
+    EXPECT_EQ(failureNumber([&] { files.move(at(u"rien/absent"), at(u"Autre")); }), 76);
+    folder.makeFolder(u"dossier");
+    EXPECT_EQ(failureNumber([&] { files.move(at(u"Autre"), at(u"dossier")); }), 75);
+    EXPECT_EQ(folder.read(u"Autre"), "neuf");
+}
+
 } // namespace
 } // namespace grimoval

@@ -2,14 +2,17 @@
 // Several games on one account write one log.
 #include "support/game.h"
 
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <set>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <utility>
 
 namespace grimoval::test::shared_log {
 
-const Texte journal = u"donnees/Calvenor/Le Grimoval/SCORGRIM.TXT";
+const Texte journal = u"donnees/Calvenor/Le Grimoval/SCORGRIM.TXT",
+            previous = u"donnees/Calvenor/Le Grimoval/SCORGRIM.BAK";
 
 struct SharedLog : testing::TestWithParam<bool> {
     SharedLog() { game.prepare({}); }
@@ -78,5 +81,27 @@ TEST_P(SharedLog, HoldsTheRecordsOfAHundredGamesAtOnceWholeAndNoneTwice) {
 INSTANTIATE_TEST_SUITE_P(Written, SharedLog, testing::Bool(), [](const auto &before) {
     return before.param ? "before" : "forTheFirstTime";
 });
+
+TEST(SharedLogOfAMonthThatEnds, MovedMeanwhileByAnotherGameIsBegunAnew) {
+    Game game;
+    game.prepare({});
+    game.clock.set({2026, 2, 28, 12, 0, 0});
+    game.files.replace(game.folder.path(journal), "février");
+    game.clock.set({2026, 3, 1, 8, 0, 0});
+    bool moved = false;
+    // The time of the first file that is made: that of the month before, which is missing.
+    game.files.writeTime = [&] {
+        if (!std::exchange(moved, true)) {
+            std::filesystem::rename(game.folder.bytePath(journal), game.folder.bytePath(previous));
+        }
+        return game.clock.now();
+    };
+    game.score.show();
+    EXPECT_TRUE(game.score.CmdScore[0].userClick());
+    EXPECT_TRUE(moved);
+    EXPECT_TRUE(game.windows.messages.empty());
+    EXPECT_EQ(game.folder.read(previous), "février");
+    EXPECT_TRUE(game.folder.read(journal).starts_with("---"));
+}
 
 } // namespace grimoval::test::shared_log
