@@ -2,6 +2,7 @@
 // Several games on one account write one log.
 #include "support/game.h"
 
+#include <ctime>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <set>
@@ -15,7 +16,16 @@ const Texte journal = u"donnees/Calvenor/Le Grimoval/SCORGRIM.TXT",
             previous = u"donnees/Calvenor/Le Grimoval/SCORGRIM.BAK";
 
 struct SharedLog : testing::TestWithParam<bool> {
-    SharedLog() { game.prepare({}); }
+    // Files bear the time of the system, set with the writing: one that is set after it would for
+    // an instant be that of another month.
+    SharedLog() {
+        game.prepare({});
+        const std::time_t now = std::time(nullptr);
+        std::tm local{};
+        ::localtime_r(&now, &local);
+        game.clock.set({local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, 12, 0, 0});
+        game.files.writeTime = nullptr;
+    }
 
     void record() {
         game.score.show();
