@@ -13,11 +13,13 @@ GaugeView::GaugeView(QWidget *parent) : QProgressBar(parent) {
 
 void GaugeView::set(int value, int maximum, const QString &text, const QColor &ink) {
     const int top = std::max(1, maximum);
+    // A bar of the toolkit draws itself at once, at each of these; one drawing does.
+    setUpdatesEnabled(false);
     setRange(0, top);
     setValue(std::clamp(value, 0, top));
     text_ = text;
     ink_ = ink;
-    update();
+    setUpdatesEnabled(true);
 }
 
 void GaugeView::setFactor(double factor) {
