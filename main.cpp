@@ -31,6 +31,10 @@ int main(int count, char **arguments) {
     Globales g(services);
     FenetresDuJeu fenetres(g);
     windows.afterFirstPicture([&] { // the splash comes first
+        windows.foresee(fenetres.menu);
+        if (screen.Width() > fenetres.menu.Width) { // only there it has a backdrop
+            windows.foresee(fenetres.plein);
+        }
         sound.open();
         motion::followDesktop();
     });

@@ -27,12 +27,19 @@ void FormWindow::paintEvent(QPaintEvent * /*event*/) {
         }
     }
     painter.drawPixmap(0, 0, painted_);
+    if (form_ != nullptr && form_->backdrop) {
+        painted_ = {}; // as large as the screen, and it never changes
+    }
     if (const QRect ring = ringOf(focusWidget()); !ring.isEmpty() && isActiveWindow()) {
         drawFocusRing(painter, QRectF(ring), 9 * factor_, factor_);
     }
     if (host_.firstPicture) {
         QTimer::singleShot(0, qApp, std::exchange(host_.firstPicture, {}));
     }
+}
+
+QSize backgroundOf(const Form &form, QSize inside, QSize picture) {
+    return form.backdrop ? picture.scaled(inside, Qt::KeepAspectRatioByExpanding) : inside;
 }
 
 // The picture is drawn for the places of the controls and lies where they lie; that of the backdrop
@@ -48,7 +55,7 @@ void FormWindow::paintBackground(QPainter &painter) const {
     }
     QRect target = rect().adjusted(origin_.x(), origin_.y(), -origin_.x(), -origin_.y());
     if (form_->backdrop) {
-        target.setSize(pictureSize_.scaled(size(), Qt::KeepAspectRatioByExpanding));
+        target.setSize(backgroundOf(*form_, size(), pictureSize_));
         target.moveCenter(rect().center());
     }
     painter.fillRect(rect(), shade::night.darker(200));

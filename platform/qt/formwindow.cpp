@@ -169,6 +169,15 @@ void FormWindow::setDecoration(bool over, bool modal) {
     setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
 }
 
+QSize insideOf(const Form &form, double factor) {
+    if (form.backdrop) {
+        return QGuiApplication::primaryScreen()->geometry().size();
+    }
+    const double pixel = factor / 15;
+    return {static_cast<int>(std::lround(form.Width * pixel)),
+            static_cast<int>(std::lround(form.Height * pixel))};
+}
+
 void FormWindow::place() {
     const QRect screen = QGuiApplication::primaryScreen()->geometry();
     if (form_->backdrop) {
@@ -184,9 +193,7 @@ void FormWindow::place() {
         }
         return;
     }
-    const double pixel = host_.factor / 15;
-    const QSize inside(static_cast<int>(std::lround(form_->Width * pixel)),
-                       static_cast<int>(std::lround(form_->Height * pixel)));
+    const QSize inside = insideOf(*form_, host_.factor);
     setWindowState(Qt::WindowNoState);
     setFixedSize(inside);
     QRect area(QPoint(), inside);

@@ -29,6 +29,10 @@ struct Host {
     std::function<void()> firstPicture; // of any window is on the screen
 };
 
+// The inside of the window of a form, and the picture behind it, whose own size is given.
+QSize insideOf(const Form &form, double factor);
+QSize backgroundOf(const Form &form, QSize inside, QSize picture);
+
 class FormWindow : public QWidget {
 public:
     FormWindow(Form &form, Host &host);

@@ -178,8 +178,21 @@ QSize Pictures::backgroundSize(const std::string &name) {
     return name.empty() ? QSize() : Source(backgroundFile(name)).size();
 }
 
+namespace {
+QImage readScaled(const QString &file, QSize pixels) { return Source(file).read(pixels); }
+} // namespace
+
 QImage Pictures::background(const std::string &name, QSize pixels) {
-    return Source(backgroundFile(name)).read(pixels);
+    // What was foreseen in another size is of no use to anybody.
+    if (auto found = foreseen_.extract(name); found && found.mapped().pixels == pixels) {
+        return found.mapped().image.get();
+    }
+    return readScaled(backgroundFile(name), pixels);
+}
+
+void Pictures::foresee(const std::string &name, QSize pixels) {
+    foreseen_[name] = {pixels,
+                       std::async(std::launch::async, readScaled, backgroundFile(name), pixels)};
 }
 
 } // namespace grimoval

@@ -8,6 +8,9 @@
 #include <QImage>
 #include <QString>
 
+#include <future>
+#include <map>
+
 namespace grimoval {
 
 class Pictures {
@@ -24,6 +27,8 @@ public:
     // The background of a window, `IMAGES/fond_<name>.jpg`, read at just the size that it is wanted
     // in and not kept; null, and no size, if there is none.
     QImage background(const std::string &name, QSize pixels);
+    // Begins to read one that will soon be asked for, beside the program.
+    void foresee(const std::string &name, QSize pixels);
     QSize backgroundSize(const std::string &name);
 
 private:
@@ -31,12 +36,17 @@ private:
         qint64 writtenAt = 0, length = 0;
         QImage image;
     };
+    struct Foreseen {
+        QSize pixels;
+        std::future<QImage> image;
+    };
     const QImage &read(const QString &file);
     QString backgroundFile(const std::string &name);
 
     Files &files_;
     Texte folder_;
     QHash<QString, Entry> entries_;
+    std::map<std::string, Foreseen> foreseen_;
     qsizetype held_ = 0; // bytes of the pictures that are kept
 };
 

@@ -117,6 +117,15 @@ void QtWindows::fitScreen(QSize size) {
     }
 }
 
+void QtWindows::foresee(const Form &form) {
+    const QSize picture = pictures_.backgroundSize(form.path());
+    if (picture.isValid()) {
+        const QSize inside = backgroundOf(form, insideOf(form, host_.factor), picture);
+        pictures_.foresee(form.path(),
+                          inside * QGuiApplication::primaryScreen()->devicePixelRatio());
+    }
+}
+
 FormWindow *QtWindows::windowOf(const Form &form) const {
     const auto found = windows_.find(&form);
     return found == windows_.end() ? nullptr : found->second;

@@ -24,6 +24,9 @@ public:
     // Once: as soon as somebody sees something.
     void afterFirstPicture(std::function<void()> action) { host_.firstPicture = std::move(action); }
 
+    // The form will soon be shown: reads its background meanwhile.
+    void foresee(const Form &form);
+
     // One for all windows made after; from the screen at first.
     double factor() const { return host_.factor; }
     void setFactor(double factor) { host_.factor = factor; }

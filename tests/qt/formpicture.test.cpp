@@ -110,6 +110,22 @@ TEST_F(WindowPicture, AWindowWithoutAPictureOfItsOwnIsNeverGrey) {
     }
 }
 
+TEST_F(WindowPicture, IsTheSameWhenItWasForeseen) {
+    store(u"fond_Essai.jpg", {1200, 900});
+    for (const bool backdrop : {false, true}) {
+        TestForm form(bench.screen);
+        form.backdrop = backdrop;
+        form.show();
+        FormWindow *window = bench.window(form);
+        EXPECT_EQ(window->size(), insideOf(form, 1)) << backdrop;
+        const QImage read = window->grab().toImage();
+        form.unload();
+        bench.windows.foresee(form);
+        form.show();
+        EXPECT_EQ(bench.window(form)->grab().toImage(), read) << backdrop;
+    }
+}
+
 TEST_F(WindowPicture, TheDesktopKnowsThemByTheMenuEntryAndTheIcon) {
     EXPECT_EQ(QGuiApplication::desktopFileName(), QStringLiteral("grimoval"));
     EXPECT_TRUE(QGuiApplication::windowIcon().isNull()); // no picture, no icon

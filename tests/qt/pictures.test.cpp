@@ -153,6 +153,18 @@ TEST_F(PicturesTest, TheDesignsPicturesLieInTheImagesFolder) {
     EXPECT_TRUE(pictures.image(u"").isNull());
 }
 
+TEST_F(PicturesTest, ABackgroundThatWasForeseenHasTheSizeThatIsAskedFor) {
+    save(u"IMAGES/fond_FMenu.jpg", {50, 50}, Qt::blue, "JPG");
+    for (const QSize asked : {QSize(40, 30), QSize(20, 10)}) {
+        pictures.foresee("FMenu", {40, 30});
+        const QImage image = pictures.background("FMenu", asked);
+        EXPECT_EQ(image.size(), asked);
+        EXPECT_GT(image.pixelColor(5, 5).blue(), 200);
+    }
+    pictures.foresee("autre", {40, 30});
+    EXPECT_TRUE(pictures.background("autre", {40, 30}).isNull());
+}
+
 TEST(Tga, KeepsColoursAlphaAndEitherOrigin) {
     // Two lines: red, then half green.
     const std::string red("\x00\x00\xff\xff", 4), green("\x00\xff\x00\x80", 4);
