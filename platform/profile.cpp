@@ -110,10 +110,9 @@ Texte readProfile(Files &files, const Texte &path, const Texte &section, const T
 void writeProfile(Files &files, const Texte &path, const Texte &section, const Texte &key,
                   const Texte &value) {
     try {
-        std::vector<Line> lines;
-        if (files.exists(path)) {
-            lines = splitLines(files.read(path));
-        }
+        const bool there = files.exists(path);
+        const std::string before = there ? files.read(path) : std::string();
+        std::vector<Line> lines = splitLines(before);
         const Line entry{toAnsi(key + u"=" + value), "\r\n"};
         const Found found = find(lines, section, key);
         if (found.line) {
@@ -135,7 +134,9 @@ void writeProfile(Files &files, const Texte &path, const Texte &section, const T
         for (const Line &line : lines) {
             content += line.text + line.end;
         }
-        files.replace(path, content);
+        if (!there || content != before) { // to be sure of the disk takes its time
+            files.replace(path, content);
+        }
     } catch (const Failure &) {
         return;
     }

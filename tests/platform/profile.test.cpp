@@ -189,6 +189,18 @@ TEST_F(ProfileTest, AFileThatMayNotBeReadIsNotOverwritten) {
     EXPECT_EQ(bytes(), "[A]\r\nun=1\r\n");
 }
 
+TEST_F(ProfileTest, AnEqualValueLeavesTheFileAlone) {
+    given("[A]\r\nun=1\r\n");
+    const std::filesystem::path file = folder.bytePath(u"GRIMOVA.INI");
+    const auto old = std::filesystem::last_write_time(file) - std::chrono::hours(24);
+    std::filesystem::last_write_time(file, old);
+    write(u"A", u"un", u"1");
+    EXPECT_EQ(std::filesystem::last_write_time(file), old);
+    write(u"A", u"un", u"2");
+    EXPECT_NE(std::filesystem::last_write_time(file), old);
+    EXPECT_EQ(bytes(), "[A]\r\nun=2\r\n");
+}
+
 // Any file at all: what is written is read back, and all its other lines stay as they are.
 RC_GTEST_FIXTURE_PROP(ProfileTest, AWrittenValueReadsBackFromAnyFile, ()) {
     static const std::vector<std::string> pieces = {
