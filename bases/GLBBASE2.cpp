@@ -39,10 +39,10 @@ void ChargerMots(Globales &g, FMenu &menu, const std::function<void(int)> &trait
     std::vector<Texte> mots;
     mots.reserve(static_cast<std::size_t>(nombre));
     for (int i = 1; i <= nombre; ++i) {
-        essayer([&] { EnregMot = TypeMot::lire(base->read(i)); }, traitement);
+        essayer([&] { EnregMot.Mot = TypeMot::lireMot(base->read(i)); }, traitement);
         mots.push_back(trim(EnregMot.Mot.text()));
     }
-    menu.LstMot[0].Items = mots;
+    menu.LstMot[0].Items = std::move(mots);
 }
 
 } // namespace grimoval

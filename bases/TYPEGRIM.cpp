@@ -58,6 +58,17 @@ TypeMot TypeMot::lire(std::string_view octets) {
     return mot;
 }
 
+Texte TypeMot::lireMot(std::string_view octets) {
+    if (octets.size() != static_cast<std::size_t>(taille)) {
+        throw Failure(failure::internal);
+    }
+    const std::string_view mot = octets.substr(2, 30);
+    const auto debut = mot.find_first_not_of(' ');
+    return debut == std::string_view::npos
+               ? Texte()
+               : fromAnsi(mot.substr(debut, mot.find_last_not_of(' ') - debut + 1));
+}
+
 std::string TypeMot::ecrire() const {
     Redacteur redacteur;
     redacteur << EntierDebut << Mot << EntierMilieu << TexteLong << TexteCourt << EntierFin;

@@ -22,6 +22,8 @@ struct TypeMot {
 
     // Failure 51 for bytes of another length.
     static TypeMot lire(std::string_view octets);
+    // Mot alone, without the blanks around it.
+    static Texte lireMot(std::string_view octets);
     std::string ecrire() const;
 };
 

@@ -104,6 +104,10 @@ public:
         set(value);
         return *this;
     }
+    Property &operator=(T &&value) {
+        set(std::move(value));
+        return *this;
+    }
     Property &operator=(const Property &other) {
         set(other.value_);
         return *this;
@@ -111,19 +115,21 @@ public:
     operator const T &() const { return value_; }
     const T &get() const { return value_; }
 
-    void set(const T &value) {
-        const bool different = store(accept ? accept(value) : value);
+    template <class Value>
+    void set(Value &&value) {
+        const bool different = accept ? store(accept(value)) : store(std::forward<Value>(value));
         if (assigned) {
             assigned(different);
         }
     }
 
     // Stores without the event: what a person's doing has brought about, whose event follows.
-    bool store(const T &value) {
+    template <class Value>
+    bool store(Value &&value) {
         if (value == value_) {
             return false;
         }
-        value_ = value;
+        value_ = std::forward<Value>(value);
         notify();
         return true;
     }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/files.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <ctime>
@@ -69,6 +70,8 @@ std::string readAll(int descriptor) {
         content.append(block.data(), static_cast<std::size_t>(got));
     }
 }
+
+constexpr std::size_t blockLength = 16384; // bytes
 
 // A folder or file that stands in the way of a path reads as "path not found".
 void failForPath(const std::string &path, int systemError) {
@@ -204,9 +207,8 @@ RecordFile::~RecordFile() {
 }
 
 RecordFile::RecordFile(RecordFile &&other) noexcept
-    : descriptor_(other.descriptor_), recordLength_(other.recordLength_) {
-    other.descriptor_ = -1;
-}
+    : descriptor_(std::exchange(other.descriptor_, -1)), recordLength_(other.recordLength_),
+      block_(std::move(other.block_)), blockPlace_(other.blockPlace_) {}
 
 std::int64_t RecordFile::count() const {
     struct stat status {};
@@ -220,24 +222,44 @@ std::string RecordFile::read(std::int64_t number) const {
     if (number < 1) {
         throw Failure(failure::badRecordNumber);
     }
-    std::string record(static_cast<std::size_t>(recordLength_), '\0');
+    const std::int64_t place = (number - 1) * recordLength_;
+    const auto inBlock = [this, place] {
+        return place >= blockPlace_ &&
+               place + recordLength_ <= blockPlace_ + static_cast<std::int64_t>(block_.size());
+    };
+    if (!inBlock()) {
+        readBlock(place);
+    }
+    if (!inBlock()) {
+        throw Failure(failure::inputPastEnd);
+    }
+    return block_.substr(static_cast<std::size_t>(place - blockPlace_),
+                         static_cast<std::size_t>(recordLength_));
+}
+
+// One record at least, as far as there are so many bytes.
+void RecordFile::readBlock(std::int64_t place) const {
+    const auto record = static_cast<std::size_t>(recordLength_);
+    block_.resize(std::max(record, blockLength));
+    blockPlace_ = place;
     std::size_t done = 0;
-    while (done < record.size()) {
-        const ssize_t got = ::pread(
-            descriptor_, record.data() + done, record.size() - done,
-            static_cast<off_t>((number - 1) * recordLength_ + static_cast<std::int64_t>(done)));
-        if (got < 0) {
-            if (errno == EINTR) {
-                continue;
-            }
-            fail(errno);
+    while (done < record) {
+        const ssize_t got = ::pread(descriptor_, block_.data() + done, block_.size() - done,
+                                    static_cast<off_t>(place + static_cast<std::int64_t>(done)));
+        if (got < 0 && errno == EINTR) {
+            continue;
         }
-        if (got == 0) {
-            throw Failure(failure::inputPastEnd);
+        if (got <= 0) {
+            const int error = errno;
+            block_.clear();
+            if (got < 0) {
+                fail(error);
+            }
+            return;
         }
         done += static_cast<std::size_t>(got);
     }
-    return record;
+    block_.resize(done);
 }
 
 AppendFile::AppendFile(Files &files, const Texte &path) : files_(files) {

@@ -54,8 +54,12 @@ public:
     std::string read(std::int64_t number) const;
 
 private:
+    void readBlock(std::int64_t place) const;
+
     int descriptor_;
     int recordLength_;
+    mutable std::string block_; // the bytes from a place on: records are mostly read in order
+    mutable std::int64_t blockPlace_ = 0;
 };
 
 // A file that only grows. Creates a missing one. Closed when it goes.
