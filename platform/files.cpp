@@ -102,23 +102,28 @@ int openOrFail(const std::string &path, int flags) {
     return descriptor;
 }
 
+// What a killed game has left of a file's new content, if nobody can be at it any more.
+void removeStale(const std::string &fresh) {
+    constexpr std::time_t longest = 60; // seconds
+    struct stat status {};
+    if (::lstat(fresh.c_str(), &status) == 0 && std::time(nullptr) - status.st_mtime > longest) {
+        ::unlink(fresh.c_str());
+    }
+}
+
 // Where the new content of a file is written before it takes the file's place; answers the
 // descriptor and the path. Another game on the same account may be writing there at this moment:
-// then it is a place of this process's own. What a killed one has left goes after a minute.
+// then it is a place of this process's own.
 std::pair<int, std::string> openFresh(const std::string &name) {
     constexpr int flags = O_WRONLY | O_CREAT;
     std::string fresh = name + "~";
+    removeStale(fresh);
     try {
         return {openOrFail(fresh, flags | O_EXCL), fresh};
     } catch (const Failure &taken) {
         if (taken.number != failure::fileAlreadyExists) {
             throw;
         }
-    }
-    constexpr std::time_t longest = 60; // seconds
-    struct stat status {};
-    if (::lstat(fresh.c_str(), &status) == 0 && std::time(nullptr) - status.st_mtime > longest) {
-        ::unlink(fresh.c_str());
     }
     fresh += std::to_string(::getpid());
     return {openOrFail(fresh, flags | O_TRUNC), fresh};
