@@ -30,6 +30,7 @@ int main(int count, char **arguments) {
     Services services{screen, files, clock, random, sound, documents, application, printer};
     Globales g(services);
     FenetresDuJeu fenetres(g);
+    windows.foresee(fenetres.splash);
     windows.afterFirstPicture([&] { // the splash comes first
         windows.foresee(fenetres.menu);
         if (screen.Width() > fenetres.menu.Width) { // only there it has a backdrop
@@ -37,6 +38,7 @@ int main(int count, char **arguments) {
         }
         sound.open();
         motion::followDesktop();
+        windows.setIcon();
     });
 
     // The leave-taking is heard to its end after the last window has gone.

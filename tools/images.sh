@@ -11,7 +11,7 @@
 #   themes   themes/STEM.svg  -> STEM.JPG       1200x900
 #   defaut   defaut/IMGnn.svg -> IMGnn.BMP      800x600, 24 bits
 #   fonds    fonds/NAME.svg   -> fond_NAME.jpg  three times the size of the drawing, quality 92
-#   logo     logo.svg         -> logo.png       512x512
+#   logo     logo.svg         -> logo.png       400x400
 #   livre    livre.svg        -> livre.png      256x256
 #   icone    icone.svg        -> icone-N.png    N x N for 64 128 256 512, from icone-petite.svg for 16 24 32 48
 #
@@ -48,7 +48,7 @@ one() {
         themes) w=1200 h=900; out=$name.JPG ;;
         defaut) w=800 h=600; out=$name.BMP ;;
         fonds)  w='' h=''; out=fond_$name.jpg ;;
-        logo)   w=512 h=512; out=logo.png ;;
+        logo)   w=400 h=400; out=logo.png ;;
         livre)  w=256 h=256; out=livre.png ;;
         icone*) w=${kind#icone-} h=$w; out=$kind.png ;;
     esac

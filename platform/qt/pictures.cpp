@@ -36,12 +36,14 @@ QSize shownSize(QSize size, QSize limit) {
 bool hasManyScans(QFile &file) {
     int scans = 0;
     if (file.peek(2) == "\xff\xd8") {
-        char before = 0;
-        for (QByteArray block; scans <= mostScans && !(block = file.read(65536)).isEmpty();) {
-            for (const char byte : block) {
-                scans += before == '\xff' && byte == '\xda';
-                before = byte;
+        static constexpr QByteArrayView start("\xff\xda");
+        qsizetype overlap = 0; // the last byte of the block before, in which a start may begin
+        for (QByteArray block; scans <= mostScans; overlap = 1) {
+            block = block.last(overlap) + file.read(65536);
+            if (block.size() == overlap) {
+                break;
             }
+            scans += static_cast<int>(block.count(start));
         }
         file.seek(0);
     }

@@ -15,22 +15,6 @@
 
 namespace grimoval {
 
-namespace {
-
-// What task bars and lists of windows show; the small ones are drawings of their own.
-QIcon iconOf(Pictures &pictures) {
-    QIcon icon;
-    for (const char *side : {"16", "24", "32", "48", "64", "128"}) {
-        const QImage image = pictures.design(std::string("icone-") + side);
-        if (!image.isNull()) {
-            icon.addPixmap(QPixmap::fromImage(image));
-        }
-    }
-    return icon;
-}
-
-} // namespace
-
 QtWindows::QtWindows(Files &files, const Texte &dataFolder)
     : guard_([this](const Message &report) { message(report); }),
       pictures_(files, dataFolder), host_{guard_, pictures_, 1, {}, 0, {}, {}} {
@@ -52,8 +36,19 @@ QtWindows::QtWindows(Files &files, const Texte &dataFolder)
     dressApplication(host_.factor);
     watchScreen();
     QGuiApplication::setDesktopFileName(QStringLiteral("grimoval")); // its entry in the menus
-    QGuiApplication::setWindowIcon(iconOf(pictures_));
     installAccessibility();
+}
+
+// The small ones are drawings of their own.
+void QtWindows::setIcon() {
+    QIcon icon;
+    for (const char *side : {"16", "24", "32", "48", "64", "128"}) {
+        const QImage image = pictures_.design(std::string("icone-") + side);
+        if (!image.isNull()) {
+            icon.addPixmap(QPixmap::fromImage(image));
+        }
+    }
+    QGuiApplication::setWindowIcon(icon);
 }
 
 QtWindows::~QtWindows() {

@@ -24,6 +24,9 @@ public:
     // Once: as soon as somebody sees something.
     void afterFirstPicture(std::function<void()> action) { host_.firstPicture = std::move(action); }
 
+    // What task bars and lists of windows show. The splash, which is in none, does not wait for it.
+    void setIcon();
+
     // The form will soon be shown: reads its background meanwhile.
     void foresee(const Form &form);
 

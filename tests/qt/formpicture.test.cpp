@@ -136,7 +136,8 @@ TEST_F(WindowPicture, TheDesktopKnowsThemByTheMenuEntryAndTheIcon) {
         const std::string name = "IMAGES/icone-" + std::to_string(side) + ".png";
         ASSERT_TRUE(image.save(QString::fromStdString(bench.folder.bytePath(fromUtf8(name)))));
     }
-    const QtWindows windows(bench.files, bench.folder.path());
+    QtWindows windows(bench.files, bench.folder.path());
+    windows.setIcon();
     const QIcon icon = QGuiApplication::windowIcon();
     EXPECT_EQ(icon.availableSizes(), (QList<QSize>{{32, 32}, {128, 128}}));
     EXPECT_EQ(icon.pixmap(32, 32).toImage().pixelColor(16, 16), QColor(Qt::red));
