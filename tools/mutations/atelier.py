@@ -23,7 +23,7 @@ AVEUGLES = ("platform", "tools")
 LENTE = 0.05  # of the time of all: such a suite comes last
 PROGRAMME = "mutant"
 MEMOIRE = 4 << 30  # bytes: a loop without an end fills no machine
-FICHIERS = 256 << 20
+FICHIERS = 6 << 30  # bytes: the tests make one of five thousand million, with nothing in it
 MOINS_DE_TEMPS = 30  # seconds
 COURT = "/dev/shm"   # a folder in memory, where the system has one
 

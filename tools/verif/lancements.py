@@ -9,6 +9,10 @@ from arbre import conclure, sans_commentaires
 # Each line that may speak of it. The addresses and paths are the program's own: the maker's site and
 # mail, catalogue.chm and the help file in the application's folder.
 PERMIS = {
+    "platform/qt/mixerlibrary.cpp": {  # no program: the library of sound, under its own name
+        "#include <dlfcn.h>",
+        'void *library = ::dlopen("libSDL2_mixer-2.0.so.0", RTLD_LAZY | RTLD_NODELETE);',
+    },
     "platform/qt/qtservices.cpp": {
         "#include <QDesktopServices>",
         "#include <QProcess>",
