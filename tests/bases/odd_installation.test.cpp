@@ -47,12 +47,7 @@ TEST(OddInstallationAtStart, OfWhichTheBasesOrTheirListCannotBeReachedEndsInTheF
     for (const auto &row : rows) {
         SCOPED_TRACE(std::string(row.what) + " " + toUtf8(row.name));
         Startup run;
-        fs::remove_all(run.folder.bytePath(row.name));
-        for (const OddFile &odd : oddFiles()) {
-            if (odd.name == std::string(row.what)) {
-                put(odd, run.folder, row.name);
-            }
-        }
+        put(row.what, run.folder, row.name);
         run.windows.expectModal("frmSplash", [](Form &form) { form.unload(); });
         EXPECT_EQ(failureNumber([&] { Main(run.g, run.all); }), row.number);
     }

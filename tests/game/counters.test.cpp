@@ -83,17 +83,22 @@ const std::vector<Row> &rows() {
     return all;
 }
 
+// Up to the moment before it counts.
+void begin(Game &game, const Row &row) {
+    game.start({.mode = row.mode,
+                .words = {u"AB", u"CD"},
+                .errors = row.errors,
+                .limited = row.limited,
+                .seconds = 5});
+    if (row.before) {
+        row.before(game);
+    }
+}
+
 TEST(Counter, AtItsGreatestEndsInFailure6) {
     for (const Row &row : rows()) {
         Game game(false);
-        game.start({.mode = row.mode,
-                    .words = {u"AB", u"CD"},
-                    .errors = row.errors,
-                    .limited = row.limited,
-                    .seconds = 5});
-        if (row.before) {
-            row.before(game);
-        }
+        begin(game, row);
         row.counter(game) = 32767;
         EXPECT_EQ(failureNumber([&] { row.act(game); }), 6) << row.name;
         EXPECT_EQ(row.counter(game), 32767) << row.name;
@@ -103,14 +108,7 @@ TEST(Counter, AtItsGreatestEndsInFailure6) {
 TEST(Counter, OneBelowItsGreatestStillCounts) {
     for (const Row &row : rows()) {
         Game game(false);
-        game.start({.mode = row.mode,
-                    .words = {u"AB", u"CD"},
-                    .errors = row.errors,
-                    .limited = row.limited,
-                    .seconds = 5});
-        if (row.before) {
-            row.before(game);
-        }
+        begin(game, row);
         row.counter(game) = 32766;
         EXPECT_EQ(failureNumber([&] { row.act(game); }), 0) << row.name;
         EXPECT_EQ(row.counter(game), 32767) << row.name;

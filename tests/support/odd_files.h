@@ -6,6 +6,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <stdexcept>
 #include <sys/stat.h>
 
 namespace grimoval::test {
@@ -36,6 +37,20 @@ inline void put(const OddFile &odd, const TemporaryFolder &folder, const Texte &
     std::filesystem::create_directories(std::filesystem::path(path).parent_path());
     std::filesystem::remove_all(path);
     odd.make(path);
+}
+
+// The one of a name; without a name nothing is left there.
+inline void put(const std::string &kind, const TemporaryFolder &folder, const Texte &name) {
+    for (const OddFile &odd : oddFiles()) {
+        if (odd.name == kind) {
+            put(odd, folder, name);
+            return;
+        }
+    }
+    if (!kind.empty()) {
+        throw std::logic_error(kind);
+    }
+    std::filesystem::remove_all(folder.bytePath(name));
 }
 
 } // namespace grimoval::test
