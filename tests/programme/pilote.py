@@ -35,7 +35,7 @@ def wait_for(question, what, seconds=15.0):
         if answer:
             return answer
         if time.monotonic() > end:
-            raise Failed(f"after {seconds:g} s there was still no: {what}")
+            raise Failed(f"after {seconds:g} s there was still no: {what() if callable(what) else what}")
         time.sleep(0.03)
 
 
@@ -247,7 +247,11 @@ class Program:
         desktop = Atspi.get_desktop(0)
         for index in range(desktop.get_child_count()):
             application = desktop.get_child_at_index(index)
-            if application is not None and application.get_process_id() == self.process.pid:
+            try:
+                found = application is not None and application.get_process_id() == self.process.pid
+            except GLib.GError:  # one that has gone
+                continue
+            if found:
                 yield from (window for window in Control(application).children()
                             if window.showing)
 
@@ -276,8 +280,9 @@ class Program:
 
     def await_one(self, role=None, name=None, description=None, seconds=15.0):
         return wait_for(lambda: (self.find(role, name, description) or [None])[0],
-                        f"{role or 'control'} {name or ''} {description or ''}; there is: "
-                        f"{self.shown_names}", seconds)
+                        lambda: f"{role or 'control'} {name or ''} {description or ''}; there is: "
+                                f"{self.shown_names}, and the status is {self.process.poll()}",
+                        seconds)
 
     @property
     def shown_names(self):
