@@ -77,7 +77,7 @@ TEST(Separator, IsAsWideAsThePrintedPage) {
         std::size_t dashes;
     };
     for (const Row &row : {Row{11000, 120, 92}, Row{1200, 120, 10}, Row{1201, 120, 11},
-                           Row{0, 120, 0}, Row{-5, 120, 0}}) {
+                           Row{0, 120, 0}, Row{-5, 120, 0}, Row{480000, 120, 4000}}) {
         Log log;
         log.printer.measures = {row.page, row.character, 240};
         log.record();
@@ -92,7 +92,8 @@ TEST(Separator, HasSixtyEightDashesForAPrinterThatAnswersNonsense) {
                                           {infinite, 120.0},
                                           {none, 120.0},
                                           {11000.0, none},
-                                          {1e12, 1e-3}}) {
+                                          {1e12, 1e-3},
+                                          {480001.0, 120.0}}) {
         Log log;
         log.printer.measures = {page, character, 240};
         log.record();
