@@ -148,7 +148,8 @@ class Atelier:
             if source == fichier or fichier in self.lus[objet]:
                 objets.append(f"mutant{len(objets)}.o")
                 commandes.append(re.sub(r" -o \S+ ", f" -o {objets[-1]} ", compiler))
-        lier = self.liaison.replace(" -o tests/tests-core ", f" -o {PROGRAMME} {' '.join(objets)} ")
+        lier = self.liaison.replace(" -o tests/tests-core ", f" -o {PROGRAMME} ")
+        lier = lier.replace(" tests/CMakeFiles/", f" {' '.join(objets)} tests/CMakeFiles/", 1)
         return objets and not subprocess.run(
             " && ".join(commandes + [lier]), shell=True, cwd=self.batiment, check=False, capture_output=True,
             start_new_session=True, env=dict(os.environ, CCACHE_DISABLE="1")).returncode
