@@ -330,7 +330,7 @@ class Program:
 def on_private_bus():
     """Starts this script again on a session bus of its own, which ends with it, and with folders of
     its own: the accessibility bus lies at a fixed name in them. What the bus says is not heard."""
-    streams = os.environ.get("GRIMOVAL_PRIVATE_BUS")
+    streams = os.environ.pop("GRIMOVAL_PRIVATE_BUS", None)  # not for what is started from here
     if streams:
         for stream, kept in enumerate(map(int, streams.split()), 1):
             os.dup2(kept, stream)
