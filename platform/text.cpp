@@ -108,6 +108,9 @@ SortKey sortKey(char16_t character) {
 // letters have as many accents.
 struct SortText {
     explicit SortText(std::u16string_view source) : text(source) {
+        for (Texte *part : {&letters, &accents, &cases}) {
+            part->reserve(source.size());
+        }
         for (const char16_t character : source) {
             const SortKey key = sortKey(character);
             const char16_t capital = character == upper(character) ? 1 : 0;
