@@ -257,7 +257,13 @@ class Program:
 
     def active(self):
         """The window that has the keyboard, if the program has it."""
-        return next((w for w in self.windows() if w.has(Atspi.StateType.ACTIVE)), None)
+        for fresh in (False, True):
+            for window in self.windows():
+                if fresh:  # a program tells of a change only once it knows that somebody listens
+                    window.node.clear_cache()
+                if window.has(Atspi.StateType.ACTIVE):
+                    return window
+        return None
 
     def focused(self):
         window = self.active()
