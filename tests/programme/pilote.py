@@ -77,9 +77,10 @@ class Screen:
         self.env["DISPLAY"] = ":" + number
         os.environ["DISPLAY"] = self.env["DISPLAY"]
         self.run("setxkbmap", "us")
-        self.start(["openbox"])
-        wait_for(lambda: "window id" in self.run("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"),
-                 "window manager")
+        # What comes while it begins gets no keyboard, and its sign on the screen comes before that.
+        begun = os.path.join(self.folder, "openbox")
+        self.start(["openbox", "--startup", "touch " + begun])
+        wait_for(lambda: os.path.exists(begun), "window manager")
 
     def __exit__(self, *_):
         for process in reversed(self.started):
@@ -243,7 +244,8 @@ class Program:
         """Another instance, at the same time."""
         return self.screen.start(self.command)
 
-    def windows(self):
+    def windows(self, fresh=False):
+        """Those on view; `fresh`: whatever was heard of them before."""
         desktop = Atspi.get_desktop(0)
         for index in range(desktop.get_child_count()):
             application = desktop.get_child_at_index(index)
@@ -251,16 +253,16 @@ class Program:
                 found = application is not None and application.get_process_id() == self.process.pid
             except GLib.GError:  # one that has gone
                 continue
-            if found:
-                yield from (window for window in Control(application).children()
-                            if window.showing)
+            for window in Control(application).children() if found else ():
+                if fresh:
+                    window.node.clear_cache()
+                if window.showing:
+                    yield window
 
     def active(self):
         """The window that has the keyboard, if the program has it."""
-        for fresh in (False, True):
-            for window in self.windows():
-                if fresh:  # a program tells of a change only once it knows that somebody listens
-                    window.node.clear_cache()
+        for fresh in (False, True):  # a program tells of a change only once it knows that somebody listens
+            for window in self.windows(fresh):
                 if window.has(Atspi.StateType.ACTIVE):
                     return window
         return None
