@@ -190,7 +190,8 @@ class Damaged(SoundTest):
                 file.write(content)
         os.truncate(self.sound("Quitter.Wav"), 3 << 30)
         self.pass_splash()
-        wait_for(lambda: any(self.ear.heard(max(0, self.ear.now() - RATE // 10))), "any sound")
+        wait_for(lambda: self.ear.now() > RATE // 10
+                 and any(self.ear.heard(self.ear.now() - RATE // 10)), "any sound")
         start = self.ear.now()
         self.begin_game()
         self.propose("Z")
