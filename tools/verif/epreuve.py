@@ -89,6 +89,7 @@ FAUTES = [
     ("textes", "fin", ajouter("README.md", "sans fin")),
     ("textes", "lien", ajouter("README.md", "[ici](docs/rien.md)\n")),
     ("textes", "essai", ajouter("docs/behaviour.md", "`Letter.CostsNothingAtAllEver`\n")),
+    ("textes", "essai", ajouter("docs/behaviour.md", "`Killed.test_it_never_dies`\n")),
     ("textes", "lien", ajouter("docs/behaviour.md", "`tests/game/rien.test.cpp`\n")),
     ("mots", "entete", remplacer("assets/mots/MER.txt", "Origine :", "# Origine :")),
     ("mots", "entete", remplacer("assets/mots/MER.txt", "Niveau :", "Nivau :")),

@@ -15,9 +15,10 @@ LICENCE = "SPDX-License-Identifier: GPL-3.0-or-later"
 PLUS_LONG = 400  # lines
 RAISON = re.compile(r"^\s*(//|#) Long because .+", re.M)
 LIEN = re.compile(r"\]\(([^)#]+)(?:#[^)]*)?\)")
-ESSAI = re.compile(r"`([A-Z]\w+)\.([A-Z][a-z0-9]*[A-Z]\w{7,})`")
+ESSAI = re.compile(r"`([A-Z]\w+)\.([A-Z][a-z0-9]*[A-Z]\w{7,}|test_\w+)`")
 DEFINITION = re.compile(r"\b(?:TEST|TEST_F|TEST_P|RC_GTEST_PROP|RC_GTEST_FIXTURE_PROP)"
                         r"\(\s*(\w+),\s*(\w+)")
+CLASSE = re.compile(r"^class (\w+)|^    def (test_\w+)", re.M)
 CHEMIN = re.compile(r"`((?:shell|game|bases|scores|platform|tools|tests|assets|docs|bench|packaging)"
                     r"/[\w./-]+)`")
 
@@ -44,8 +45,16 @@ def verifier_source(arbre, chemin, texte):
 
 
 def essais(arbre):
-    return {definition for chemin in arbre.fichiers(".test.cpp")
-            for definition in DEFINITION.findall(arbre.texte(chemin))}
+    """Every test as its suite and its name: those of GoogleTest, and those of the programme in Python."""
+    connus = {definition for chemin in arbre.fichiers(".test.cpp")
+              for definition in DEFINITION.findall(arbre.texte(chemin))}
+    for chemin in arbre.fichiers(".py"):
+        if chemin.startswith("tests/programme/"):
+            suite = ""
+            for classe, essai in CLASSE.findall(arbre.texte(chemin)):
+                suite = classe or suite
+                connus.add((suite, essai))
+    return connus
 
 
 def verifier_document(arbre, chemin, texte, connus):
