@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "bases/TYPEGRIM.h"
 
+#include <cstdint>
+
 namespace grimoval {
 
 namespace {

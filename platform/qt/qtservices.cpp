@@ -15,6 +15,7 @@
 
 #include <chrono>
 
+#include <cstdint>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <unistd.h>

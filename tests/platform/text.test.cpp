@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/text.h"
 
+#include <cstdint>
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 

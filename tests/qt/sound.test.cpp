@@ -7,6 +7,7 @@
 #include "support/temporary_folder.h"
 
 #include <QByteArray>
+#include <cstdint>
 #include <gtest/gtest.h>
 
 #include <algorithm>

@@ -4,6 +4,7 @@
 #include "tools/bases/commandes.h"
 #include "tools/bases/theme.h"
 
+#include <cstdint>
 #include <gtest/gtest.h>
 #include <map>
 #include <rapidcheck/gtest.h>

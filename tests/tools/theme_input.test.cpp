@@ -6,6 +6,7 @@
 #include "support/themes.h"
 #include "tools/bases/texte.h"
 
+#include <cstdint>
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 #include <sstream>

@@ -14,6 +14,9 @@
 #include <vector>
 
 namespace scene {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr auto contact = "contact"; // the soft dark spot right under a thing
@@ -37,7 +40,7 @@ struct Attributes {
         const QString value = take(name);
         const QStringList parts = value.simplified().split(u' ', Qt::SkipEmptyParts);
         if (parts.size() < least) {
-            throw Error(u"%1=\"%2\" is incomplete"_qs.arg(name, value));
+            throw Error(u"%1=\"%2\" is incomplete"_s.arg(name, value));
         }
         return parts;
     }
@@ -55,14 +58,14 @@ struct Attributes {
         bool good = false;
         const double value = word.toDouble(&good);
         if (!good || !(std::abs(value) <= most)) {
-            throw Error(u"\"%1\" is no number, or too large"_qs.arg(word));
+            throw Error(u"\"%1\" is no number, or too large"_s.arg(word));
         }
         return value;
     }
     static QColor colour(const QString &word) {
         const QColor read(word);
         if (!read.isValid()) {
-            throw Error(u"\"%1\" is no colour"_qs.arg(word));
+            throw Error(u"\"%1\" is no colour"_s.arg(word));
         }
         return read;
     }
@@ -92,7 +95,7 @@ Look changed(Look look, Attributes &own) {
         if (w[0] == L("no")) {
             look.dark = 0;
         } else if (w.size() < 4) {
-            throw Error(u"a shadow is \"no\", or lean, length, darkness and colour"_qs);
+            throw Error(u"a shadow is \"no\", or lean, length, darkness and colour"_s);
         } else {
             look.lean = Attributes::number(w[0]);
             look.length = Attributes::number(w[1]);
@@ -111,15 +114,15 @@ struct Placing {
         QBuffer buffer(&bytes);
         buffer.open(QIODevice::WriteOnly);
         if (!image.save(&buffer, "PNG", 90)) {
-            throw Error(u"a picture cannot be written"_qs);
+            throw Error(u"a picture cannot be written"_s);
         }
-        out.writeEmptyElement(u"image"_qs);
+        out.writeEmptyElement(u"image"_s);
         number(L("x"), x);
         number(L("y"), y);
         number(L("width"), w);
         number(L("height"), h);
-        out.writeAttribute(u"href"_qs,
-                           u"data:image/png;base64,"_qs + QString::fromLatin1(bytes.toBase64()));
+        out.writeAttribute(u"href"_s,
+                           u"data:image/png;base64,"_s + QString::fromLatin1(bytes.toBase64()));
     }
     void number(L name, double value) { out.writeAttribute(name, QString::number(value, 'f', 2)); }
 
@@ -127,41 +130,41 @@ struct Placing {
     // touches.
     void shadowOf(const QImage &image, const Look &look) {
         const Shadow cast = shadow(image, look);
-        out.writeStartElement(u"g"_qs);
+        out.writeStartElement(u"g"_s);
         out.writeAttribute(
-            u"transform"_qs,
-            u"matrix(1 0 %1 %2 0 0)"_qs.arg(-look.lean * look.length).arg(look.length));
+            u"transform"_s,
+            u"matrix(1 0 %1 %2 0 0)"_s.arg(-look.lean * look.length).arg(look.length));
         picture(cast.image, -image.width() / 2.0 - cast.border * cast.smaller,
                 -image.height() - cast.border * cast.smaller, cast.image.width() * cast.smaller,
                 cast.image.height() * cast.smaller);
         out.writeEndElement();
         const auto [left, right] = sole(image);
         const double half = std::max((right - left) / 2.0, 4.0);
-        out.writeEmptyElement(u"ellipse"_qs);
+        out.writeEmptyElement(u"ellipse"_s);
         number(L("cx"), (left + right) / 2.0 - image.width() / 2.0);
         number(L("cy"), -half * 0.04);
         number(L("rx"), half * 1.15);
         number(L("ry"), half * 0.16 + 3);
-        out.writeAttribute(u"fill"_qs, u"url(#%1)"_qs.arg(L(contact)));
+        out.writeAttribute(u"fill"_s, u"url(#%1)"_s.arg(L(contact)));
         number(L("opacity"), std::min(1.0, look.dark * 1.9));
     }
 
     void place(const Pose &pose, QPointF where, bool standing, const Look &look,
                const QXmlStreamAttributes &kept) {
         if (!(std::max(pose.tall, pose.wide) >= 1 && std::max(pose.tall, pose.wide) <= largest)) {
-            throw Error(u"%1 is to be tall or wide, by 1 to %2"_qs.arg(pose.sign).arg(largest));
+            throw Error(u"%1 is to be tall or wide, by 1 to %2"_s.arg(pose.sign).arg(largest));
         }
         const QImage image = figure(pose, look);
-        out.writeStartElement(u"g"_qs);
+        out.writeStartElement(u"g"_s);
         out.writeAttributes(kept);
         // To whole pixels: what is drawn for its size stays sharp.
         const double x = std::floor(where.x() - image.width() / 2.0);
         const double y = std::floor(where.y() - (standing ? image.height() : image.height() / 2.0));
         if (standing && look.dark > 0) {
-            out.writeStartElement(u"g"_qs);
+            out.writeStartElement(u"g"_s);
             out.writeAttribute(
-                u"transform"_qs,
-                u"translate(%1 %2)"_qs.arg(x + image.width() / 2.0).arg(y + image.height()));
+                u"transform"_s,
+                u"translate(%1 %2)"_s.arg(x + image.width() / 2.0).arg(y + image.height()));
             shadowOf(image, look);
             out.writeEndElement();
         }
@@ -188,11 +191,11 @@ struct Placing {
         const std::vector<double> sizes = own.numbers(L("sizes"), 2);
         const int count = static_cast<int>(own.oneNumber(L("count"), 10));
         if (count < 0 || count > largest) {
-            throw Error(u"count=\"%1\" is not from 0 to %2"_qs.arg(count).arg(largest));
+            throw Error(u"count=\"%1\" is not from 0 to %2"_s.arg(count).arg(largest));
         }
         const double turn = own.oneNumber(L("turn"), 0);
         const auto seed = static_cast<unsigned>(std::abs(own.oneNumber(L("seed"), 1)));
-        out.writeStartElement(u"g"_qs);
+        out.writeStartElement(u"g"_s);
         out.writeAttributes(own.all);
         for (const Spot &spot : scattered({box[0], box[1], box[2], box[3]}, count, sizes[0],
                                           sizes[1], static_cast<int>(kinds.size()), seed)) {
@@ -201,10 +204,10 @@ struct Placing {
                       {spot.x, spot.y}, true, look, {});
                 continue;
             }
-            out.writeEmptyElement(u"use"_qs);
-            out.writeAttribute(u"href"_qs, kinds[spot.kind]);
-            out.writeAttribute(u"transform"_qs,
-                               u"translate(%1 %2) rotate(%3) scale(%4 %5)"_qs.arg(spot.x)
+            out.writeEmptyElement(u"use"_s);
+            out.writeAttribute(u"href"_s, kinds[spot.kind]);
+            out.writeAttribute(u"transform"_s,
+                               u"translate(%1 %2) rotate(%3) scale(%4 %5)"_s.arg(spot.x)
                                    .arg(spot.y)
                                    .arg(spot.turn * turn)
                                    .arg(spot.flip ? -spot.size : spot.size)
@@ -214,14 +217,14 @@ struct Placing {
     }
 
     void contactSpot() {
-        out.writeStartElement(u"radialGradient"_qs);
-        out.writeAttribute(u"id"_qs, L(contact));
+        out.writeStartElement(u"radialGradient"_s);
+        out.writeAttribute(u"id"_s, L(contact));
         for (const auto &[offset, opacity] :
              {std::pair{"0", "0.75"}, {"0.55", "0.4"}, {"1", "0"}}) {
-            out.writeEmptyElement(u"stop"_qs);
-            out.writeAttribute(u"offset"_qs, L(offset));
-            out.writeAttribute(u"stop-color"_qs, u"#0c1030"_qs);
-            out.writeAttribute(u"stop-opacity"_qs, L(opacity));
+            out.writeEmptyElement(u"stop"_s);
+            out.writeAttribute(u"offset"_s, L(offset));
+            out.writeAttribute(u"stop-color"_s, u"#0c1030"_s);
+            out.writeAttribute(u"stop-opacity"_s, L(opacity));
         }
         out.writeEndElement();
     }
@@ -263,10 +266,10 @@ QByteArray placed(const QByteArray &scene) {
             }
         }
     } catch (const Error &error) {
-        throw Error(u"line %1: "_qs.arg(in.lineNumber()) + QString::fromUtf8(error.what()));
+        throw Error(u"line %1: "_s.arg(in.lineNumber()) + QString::fromUtf8(error.what()));
     }
     if (in.hasError()) {
-        throw Error(u"line %1: "_qs.arg(in.lineNumber()) + in.errorString());
+        throw Error(u"line %1: "_s.arg(in.lineNumber()) + in.errorString());
     }
     return made;
 }

@@ -14,6 +14,9 @@
 #include <vector>
 
 namespace scene {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // At this size the font gives its bitmaps, of 136 by 128 pixels, as they are.
@@ -47,7 +50,7 @@ QImage bitmap(const QString &emoji) {
         glyphs += run.glyphIndexes();
     }
     if (glyphs.size() != 1 || glyphs.first() == 0) {
-        throw Error(u"the font has no single drawing for %1"_qs.arg(emoji));
+        throw Error(u"the font has no single drawing for %1"_s.arg(emoji));
     }
     QImage drawn(width + 2 * margin, height + 2 * margin, QImage::Format_ARGB32_Premultiplied);
     drawn.fill(Qt::transparent);
