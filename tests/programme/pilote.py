@@ -20,6 +20,31 @@ from gi.repository import Atspi, GLib  # noqa: E402
 PRIVATE_FOLDERS = ("HOME", "XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_RUNTIME_DIR")
 
 
+# The roles of controls, by the words of these tests. The bus has names for them as well, which change
+# from one of its versions to the next: what it calls "push button" today is a "button" tomorrow.
+ROLES = {
+    "check box": Atspi.Role.CHECK_BOX,
+    "image": Atspi.Role.IMAGE,
+    "label": Atspi.Role.LABEL,
+    "list": Atspi.Role.LIST,
+    "list item": Atspi.Role.LIST_ITEM,
+    "notification": Atspi.Role.NOTIFICATION,
+    "progress bar": Atspi.Role.PROGRESS_BAR,
+    "push button": Atspi.Role.PUSH_BUTTON,
+    "scroll bar": Atspi.Role.SCROLL_BAR,
+    "table": Atspi.Role.TABLE,
+    "table cell": Atspi.Role.TABLE_CELL,
+    "text": Atspi.Role.TEXT,
+}
+WORDS_OF_ROLES = {role: word for word, role in ROLES.items()}
+
+
+def role_of(node):
+    """The word of these tests for its role, or the role itself where they have none."""
+    role = node.get_role()
+    return WORDS_OF_ROLES.get(role, role)
+
+
 class Failed(Exception):
     """What was expected did not come in time."""
 
@@ -139,7 +164,7 @@ class Control:
 
     @property
     def role(self):
-        return self.node.get_role_name()
+        return role_of(self.node)
 
     def has(self, state):
         return self.node.get_state_set().contains(state)
@@ -208,7 +233,7 @@ class Hearing:
         self.listener = Atspi.EventListener.new(self.note)
 
     def note(self, event):
-        if event.detail1 and event.source and event.source.get_role_name() == "notification":
+        if event.detail1 and event.source and role_of(event.source) == "notification":
             self.said.append(event.source.get_name())
 
     def __enter__(self):
@@ -273,7 +298,9 @@ class Program:
                     None) if window else None
 
     def find(self, role=None, name=None, description=None):
-        """What is on view in the active window and fits; a text or a pattern for each."""
+        """What is on view in the active window and fits: a word of ROLES, a text or a pattern for the rest."""
+        assert role is None or role in ROLES, role
+
         def fits(wanted, control, part):
             if wanted is None:
                 return True  # what is not asked for is not asked over the bus
