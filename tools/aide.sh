@@ -180,7 +180,7 @@ CONVERT=$(find_tool convert-im6.q16 /usr/bin/convert magick) || die "ImageMagick
 case $1 in
     aide) aide "$2" "$3" "$4" ;;
     catalogue)
-        CHMCMD=$(find_tool chmcmd chmcmd-3.2.2) || die "chmcmd is missing (package fp-utils-3.2.2)"
+        CHMCMD=$(find_tool chmcmd) || die "chmcmd is missing (package fp-utils)"
         catalogue "$2" "$4" ;;
     *) die "unknown word: $1" ;;
 esac
