@@ -3,7 +3,6 @@
 
 #include "platform/failure.h"
 
-#include <QFontMetricsF>
 #include <QPrinter>
 #include <QPrinterInfo>
 
@@ -16,12 +15,8 @@ namespace grimoval {
 
 namespace {
 
-constexpr double twipsPerInch = 1440;
-constexpr double fontPoints = 10;
 constexpr std::chrono::milliseconds measuring{1000}, printing{10000};
 constexpr std::chrono::seconds fresh{5}; // an answer holds for the page that is being made
-
-QString toQt(const Texte &text) { return QString::fromStdU16String(text); }
 
 // Nothing if there is no default printer.
 std::unique_ptr<QPrinter> defaultPrinter() {
@@ -41,15 +36,6 @@ struct QtPrinter::Asked {
     bool done = false;
     std::optional<double> answer; // nothing: no printer
 };
-
-// A monospaced face, for which the columns of the report come out aligned. Its size is in twips,
-// the unit of the page, so that its measures are too.
-QtPrinter::QtPrinter() {
-    font_.setFamilies({"Liberation Mono", "DejaVu Sans Mono", "monospace"});
-    font_.setStyleHint(QFont::Monospace);
-    font_.setPixelSize(static_cast<int>(fontPoints / 72 * twipsPerInch));
-    font_.setHintingPreference(QFont::PreferNoHinting);
-}
 
 double QtPrinter::ask(std::function<double()> question, std::chrono::milliseconds patience) {
     if (asked_) {
@@ -81,7 +67,7 @@ double QtPrinter::ask(std::function<double()> question, std::chrono::millisecond
 }
 
 void QtPrinter::forget() {
-    page_.clear();
+    page_ = {};
     width_.reset();
 }
 
@@ -97,59 +83,40 @@ double QtPrinter::pageWidth() {
             if (!printer) {
                 throw Failure(failure::printerError);
             }
-            return printer->pageLayout().paintRect(QPageLayout::Inch).width() * twipsPerInch;
+            return printer->pageLayout().paintRect(QPageLayout::Inch).width() *
+                   PrintedPage::twipsPerInch;
         },
         measuring);
     return *width_;
 }
 
-double QtPrinter::textWidth(const Texte &text) {
-    return QFontMetricsF(font_).horizontalAdvance(toQt(text));
-}
+double QtPrinter::textWidth(const Texte &text) { return page_.textWidth(text); }
 
 // The first measure of a page: without a printer it fails.
 double QtPrinter::textHeight(const Texte & /*text*/) {
     pageWidth();
-    return QFontMetricsF(font_).height();
+    return page_.lineHeight();
 }
 
-void QtPrinter::drawText(double x, double y, const Texte &text) {
-    page_.push_back([at = QPointF(x, y), line = toQt(text)](QPainter &painter) {
-        painter.drawText(at + QPointF(0, painter.fontMetrics().ascent()), line);
-    });
-}
+void QtPrinter::drawText(double x, double y, const Texte &text) { page_.text(x, y, text); }
 
-void QtPrinter::drawLine(double x1, double y1, double x2, double y2) {
-    page_.push_back([=](QPainter &painter) { painter.drawLine(QPointF(x1, y1), QPointF(x2, y2)); });
-}
+void QtPrinter::drawLine(double x1, double y1, double x2, double y2) { page_.line(x1, y1, x2, y2); }
 
 void QtPrinter::drawRectangle(double x1, double y1, double x2, double y2) {
-    page_.push_back(
-        [=](QPainter &painter) { painter.drawRect(QRectF(QPointF(x1, y1), QPointF(x2, y2))); });
+    page_.rectangle(x1, y1, x2, y2);
 }
 
 void QtPrinter::endDocument() {
-    const std::vector<Drawing> page = std::exchange(page_, {});
+    const PrintedPage page = page_;
     forget();
     ask(
-        [page, font = font_]() -> double {
+        [page]() -> double {
             const auto printer = defaultPrinter();
             if (!printer) {
                 throw Failure(failure::printerError);
             }
             printer->setDocName("Le Grimoval");
-            QPainter painter;
-            if (!painter.begin(printer.get())) {
-                throw Failure(failure::printerError);
-            }
-            const double scale = printer->resolution() / twipsPerInch;
-            painter.scale(scale, scale);
-            painter.setFont(font);
-            painter.setPen(QPen(Qt::black, 10));
-            for (const Drawing &draw : page) {
-                draw(painter);
-            }
-            if (!painter.end()) {
+            if (!page.paintOn(*printer, printer->resolution())) {
                 throw Failure(failure::printerError);
             }
             return 0;

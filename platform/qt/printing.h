@@ -7,23 +7,17 @@
 #pragma once
 
 #include "platform/canvas.h"
-
-#include <QFont>
-#include <QPainter>
-#include <QString>
+#include "platform/qt/printedpage.h"
 
 #include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
-#include <vector>
 
 namespace grimoval {
 
 class QtPrinter : public Canvas {
 public:
-    QtPrinter();
-
     double pageWidth() override; // of the printable page
     double textWidth(const Texte &text) override;
     double textHeight(const Texte &text) override;
@@ -33,7 +27,6 @@ public:
     void endDocument() override;
 
 private:
-    using Drawing = std::function<void(QPainter &)>;
     struct Asked; // a question that the print system has not answered yet
 
     // Runs the question beside; failure 482 if it fails, is late, or an earlier one still waits.
@@ -41,8 +34,7 @@ private:
 
     void forget(); // what has been drawn and measured
 
-    QFont font_;
-    std::vector<Drawing> page_;
+    PrintedPage page_;
     std::optional<double> width_;
     std::chrono::steady_clock::time_point measuredAt_;
     std::shared_ptr<Asked> asked_;
