@@ -49,20 +49,33 @@ TEST(Services, TwoSeedingsGiveTwoSequences) {
     EXPECT_LT(equal, 3);
 }
 
+// A variable of the environment, as it was before when this goes.
+class Environment {
+public:
+    explicit Environment(const char *name) : name_(name), before_(qgetenv(name)) {}
+    ~Environment() {
+        if (before_.isNull()) {
+            qunsetenv(name_);
+        } else {
+            qputenv(name_, before_);
+        }
+    }
+    Environment(const Environment &) = delete;
+    Environment &operator=(const Environment &) = delete;
+    void set(const std::string &value) const { qputenv(name_, QByteArray::fromStdString(value)); }
+
+private:
+    const char *name_;
+    QByteArray before_;
+};
+
 struct Instance : testing::Test {
     TemporaryFolder folder;
-    QByteArray before = qgetenv("XDG_RUNTIME_DIR");
+    Environment place{"XDG_RUNTIME_DIR"};
     Instance() {
         folder.makeFolder(u"run");
         ::chmod(folder.bytePath(u"run").c_str(), 0700);
-        qputenv("XDG_RUNTIME_DIR", QByteArray::fromStdString(folder.bytePath(u"run")));
-    }
-    ~Instance() override {
-        if (before.isNull()) {
-            qunsetenv("XDG_RUNTIME_DIR");
-        } else {
-            qputenv("XDG_RUNTIME_DIR", before);
-        }
+        place.set(folder.bytePath(u"run"));
     }
 };
 
@@ -132,17 +145,19 @@ TEST(Services, TheHelpViewerLiesBesideTheProgramOrInTheLibexecFolderOfAnInstalle
     EXPECT_EQ(viewerOf(u"a/games"), folder.bytePath(u"a/games/grimoval-aide"));
 }
 
-TEST(Services, TheUsersFolderIsTheSystemsOwn) {
-    const QByteArray before = qgetenv("XDG_DATA_HOME");
-    qputenv("XDG_DATA_HOME", "/ailleurs/données d'Élodie");
+TEST(Services, TheUsersFolderIsTheSystemsOwnAndIsMadeForANewAccount) {
+    const Environment place("XDG_DATA_HOME");
+    TemporaryFolder folder;
+    const std::string own = folder.bytePath(u"ailleurs/données d'Élodie");
+    place.set(own);
     QtApplication application;
     ASSERT_TRUE(application.userDataFolder().has_value());
-    EXPECT_EQ(toUtf8(*application.userDataFolder()), "/ailleurs/données d'Élodie");
-    if (before.isNull()) {
-        qunsetenv("XDG_DATA_HOME");
-    } else {
-        qputenv("XDG_DATA_HOME", before);
-    }
+    EXPECT_EQ(toUtf8(*application.userDataFolder()), own);
+    EXPECT_EQ(folder.list(), (std::vector<std::string>{"ailleurs/", "ailleurs/données d'Élodie/"}));
+    // Where it cannot be made there is none.
+    folder.write(u"fichier", "");
+    place.set(folder.bytePath(u"fichier/dessous"));
+    EXPECT_FALSE(application.userDataFolder().has_value());
 }
 
 } // namespace
