@@ -96,16 +96,23 @@ TEST_F(Chooser, WithoutAnyBaseFileIsDisabledAndOnlyLeft) {
     for (const char16_t *file : {u"ZOO.DBS", u"ECOLE.DBS", u"EAU.DBS"}) {
         game.files.remove(game.g.dossiers.DossierBases + file);
     }
-    open([&] {
-        EXPECT_FALSE(window.LstTitre.Enabled);
-        EXPECT_TRUE(window.CmdTitre[1].Inactif);
-        game.enter();
-        EXPECT_FALSE(window.CmdTitre[1].userClick());
-        EXPECT_FALSE(window.LstTitre.userDoubleClick());
-        EXPECT_TRUE(window.isShown());
-        game.press(Key::escape);
-    });
-    EXPECT_FALSE(base.BaseChargee);
+    const std::function<void()> ways[] = {[&] { game.press(Key::escape); },
+                                          [&] { window.requestClose(); },
+                                          [&] { EXPECT_TRUE(window.CmdTitre[0].userClick()); }};
+    for (const auto &way : ways) {
+        open([&] {
+            EXPECT_FALSE(window.LstTitre.Enabled);
+            EXPECT_TRUE(window.CmdTitre[1].Inactif);
+            game.enter();
+            EXPECT_FALSE(window.CmdTitre[1].userClick());
+            EXPECT_FALSE(window.LstTitre.userDoubleClick());
+            EXPECT_TRUE(window.isShown());
+            way();
+            EXPECT_FALSE(window.isLoaded());
+        });
+        EXPECT_FALSE(base.BaseChargee);
+        EXPECT_EQ(toUtf8(base.TitreBase + base.FichierBase), "");
+    }
 }
 
 TEST_F(Chooser, RepaintPutsTheSelectionBackOnTheFirstEntryEachTime) {

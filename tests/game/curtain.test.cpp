@@ -64,6 +64,29 @@ TEST_F(Curtain, OfALimitBeyond200StandsAsALineUntilTheWordIsLost) {
     EXPECT_TRUE(shape.Visible);
 }
 
+TEST_F(Curtain, OfALimitBeyond200ClosesWhenTheWordIsLostByErrorsOrByTime) {
+    for (const auto &[limit, step] : {std::pair{200, 1}, {201, 0}, {250, 0}, {32767, 0}}) {
+        for (const bool byTime : {false, true}) {
+            Game other(false);
+            other.start({.words = {u"XY"}, .errors = limit, .limited = true, .seconds = 20});
+            EXPECT_EQ(shown(other.menu.VSDessin.Tag), std::to_string(step)) << limit;
+            other.propose("ABCDEFGHIJKLMNOPQRSTUVW");
+            EXPECT_EQ(other.menu.Shape1.Height.get(), 1 + 23 * step) << limit;
+            EXPECT_TRUE(other.menu.CmdJeux[0].Inactif) << limit;
+            if (byTime) {
+                advance(other, 20);
+            } else {
+                other.menu.ErreursMot[1] = limit - 1; // no word has so many letters
+                other.propose("Z");
+            }
+            EXPECT_EQ(other.menu.ErreursMot[1], limit);
+            EXPECT_FALSE(other.menu.CmdJeux[0].Inactif) << limit;
+            EXPECT_EQ(other.menu.Shape1.Height.get(), 200) << limit;
+            EXPECT_TRUE(other.menu.Shape1.Visible) << limit;
+        }
+    }
+}
+
 TEST_F(Curtain, NeverMovesInMode2) {
     game.start({.mode = 2, .words = {u"XY"}, .errors = 1});
     game.propose("ABCDEFGH");

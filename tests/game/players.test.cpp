@@ -93,6 +93,46 @@ TEST(Scores, StayOnTheScreenAfterTheGameUntilTheNextGoodLetter) {
     EXPECT_EQ(shown(game.menu.ImgScore[0].Caption), "1");
 }
 
+TEST(Scores, OfTheLastGameGoWhenAWordOfTheNextOneEndsInAnyWay) {
+    const std::function<void(Game &)> ends[] = {
+        [](Game &game) { EXPECT_TRUE(game.menu.CmdJeux[1].userClick()); }, // "Voir la réponse"
+        [](Game &game) { game.propose("VWXYZK"); },                        // six errors
+        [](Game &game) { advance(game, 20); }};
+    for (const auto &end : ends) {
+        Game game;
+        game.start({.words = {u"AB", u"AB"}, .limited = true});
+        game.propose("AB");
+        game.stop();
+        ASSERT_TRUE(game.menu.CmdTjr[2].userClick());
+        EXPECT_EQ(shown(game.menu.ImgScore[0].Caption), "7");
+        end(game);
+        EXPECT_FALSE(game.menu.CmdJeux[0].Inactif);
+        EXPECT_EQ(shown(game.menu.ImgScore[0].Caption), "0");
+    }
+}
+
+TEST(Scores, OfTheLastGameGoForEachPlayerByHisOwnLetterOrWord) {
+    Game game;
+    const Start start{.mode = 3, .words = {u"AB", u"AB", u"AB", u"AB"}, .errors = 2};
+    game.start(start);
+    game.propose("AB");
+    game.propose("AB");
+    game.stop();
+    ASSERT_TRUE(game.menu.CmdTjr[2].userClick());
+    const auto both = [&] {
+        return shown(game.menu.ImgScore[0].Caption) + " " + shown(game.menu.ImgScore[1].Caption);
+    };
+    EXPECT_EQ(both(), "7 7");
+    game.propose("Y");
+    EXPECT_EQ(both(), "7 7");
+    game.propose("Z"); // lost
+    EXPECT_EQ(both(), "0 7");
+    game.propose("Y");
+    EXPECT_EQ(both(), "0 7");
+    game.propose("A");
+    EXPECT_EQ(both(), "0 1");
+}
+
 TEST(Scores, AreShownUnderTheLabelOfEachPlayer) {
     Game game(false);
     game.start({.mode = 2, .words = {u"ABC"}});

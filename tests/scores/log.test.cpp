@@ -54,12 +54,18 @@ TEST(Log, RecordsFollowOneAnotherAndEarlierOnesStayAsTheyAre) {
 
 TEST(Log, ANewMonthMovesTheWholeFileAndBeginsAnother) {
     Log log;
+    log.record();
+    const std::string oneRecord = log.folder.read(journal);
     log.write(previous, "janvier", {2026, 1, 31, 12, 0, 0});
     log.write(journal, "février\r\n", {2026, 2, 28, 23, 59, 59});
-    log.clock.set({2026, 3, 1, 0, 0, 1});
+    log.clock.set({2026, 3, 7, 14, 5, 9});
     log.record();
     EXPECT_EQ(log.folder.read(previous), "février\r\n");
-    EXPECT_EQ(log.firstLine(), std::string(68, '-'));
+    EXPECT_EQ(log.folder.read(journal), oneRecord);
+    // The next one of that month follows it.
+    log.record();
+    EXPECT_EQ(log.folder.read(journal), oneRecord + oneRecord);
+    EXPECT_EQ(log.folder.read(previous), "février\r\n");
 }
 
 TEST(Log, TheSameMonthOfAnotherYearGoesOn) {

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The printed page, item by item: a page of 11000 units, characters of 120, lines of 240.
+// The printed page, item by item: a page of 11000 units, characters of 120, lines of 240. And the
+// same page of printers that measure otherwise.
 #include "support/scored.h"
 
+#include <cmath>
 #include <gtest/gtest.h>
 
 namespace grimoval::test {
@@ -118,6 +120,90 @@ TEST(Report, OfTwoPlayersEachWithAWordNamesNoLevelAndLeavesARowEmpty) {
                                        second(4320, 37),
                                        "page fin"};
     EXPECT_EQ(Report(3, false).page(), expected);
+}
+
+// A printer, and where its table stands: the line between the players, their values, the heading.
+struct Printer {
+    int width, character, line;
+    int middle, first, second, heading;
+};
+
+// Every item of the page of one player, at its place on that printer.
+Events pageOn(const Printer &p, const std::string &family, const std::string &title) {
+    const auto at = [](int x, double y, const std::string &text) {
+        return "page texte " + std::to_string(x) + " " + std::to_string(std::lround(y)) + " \"" +
+               text + "\"";
+    };
+    const auto shape = [](const char *kind, int x1, double y1, int x2, double y2) {
+        return std::string("page ") + kind + " " + std::to_string(x1) + " " +
+               std::to_string(std::lround(y1)) + " " + std::to_string(x2) + " " +
+               std::to_string(std::lround(y2));
+    };
+    const int C = p.character, right = p.width - C;
+    const double H = p.line;
+    Events page = {at(2 * C, 0, "Samedi, 07 mars 2026 à 14:05:09"),
+                   shape("cadre", C, 1.2 * H, right, 2.5 * H),
+                   at(p.heading, 1.3 * H, "Le Grimoval v3.0"),
+                   at(2 * C, 2.7 * H, "Fichier        : ESSAI.DBS"),
+                   at(2 * C, 3.7 * H, "Sujet          : " + title),
+                   at(2 * C, 4.7 * H, "Nombre de mots : 40"),
+                   shape("ligne", C, 5.8 * H, right, 5.8 * H),
+                   at(2 * C, 6 * H, "Temps de réflexion limitée à 45 secondes"),
+                   at(2 * C, 7 * H, " Nombre d'erreurs limité à : 6"),
+                   at(2 * C, 8 * H, "                    Niveau :  un seul joueur"),
+                   shape("cadre", C, 9.2 * H, right, 19.2 * H),
+                   shape("ligne", 30 * C, 9.2 * H, 30 * C, 19.2 * H),
+                   shape("ligne", p.middle, 9.2 * H, p.middle, 19.2 * H),
+                   at(p.first, 9.5 * H, family),
+                   at(p.second, 9.5 * H, "PETIT"),
+                   at(p.first, 10.5 * H, "MARIE"),
+                   at(p.second, 10.5 * H, "LÉO"),
+                   shape("ligne", C, 11.7 * H, right, 11.7 * H)};
+    const auto row = [&](int height, const std::string &label, int one, int two = -1) {
+        page.push_back(at(2 * C, height * H, label));
+        page.push_back(at(p.first, height * H, " " + std::to_string(one) + " "));
+        if (two >= 0) {
+            page.push_back(at(p.second, height * H, " " + std::to_string(two) + " "));
+        }
+    };
+    row(12, "Nombre de mots proposés", 7);
+    row(13, "Nombre d'abandons", 2, 1);
+    row(14, "Nombre de mots non trouvés", 3);
+    row(15, "Nombre de mauvaises lettres", 12, 9);
+    row(16, "Nombre de bonnes lettres", 31, 22);
+    row(17, "Nombre de mots trouvés", 4, 3);
+    page.push_back("page fin");
+    return page;
+}
+
+const Printer printers[] = {
+    {11000, 120, 240, 7300, 4670, 8370, 5040}, // as above
+    {8000, 100, 200, 5500, 3600, 6100, 4200},  // larger letters
+    {596, 7, 20, 403, 261, 454, 294},          // points
+    {3000, 60, 130, 2400, 1710, 2310, 1680},   // too narrow: values left of their column's line
+};
+
+TEST(Report, StandsByTheMeasuresOfAnyPrinter) {
+    for (const Printer &printer : printers) {
+        Report report(1);
+        report.printer.measures = {double(printer.width), double(printer.character),
+                                   double(printer.line)};
+        EXPECT_EQ(report.page(), pageOn(printer, "DURAND", "Essai")) << printer.width;
+    }
+}
+
+// Nothing is cut, broken or made smaller, and nothing else moves.
+TEST(Report, PrintsAWideNameAndALongTitleWholeOnAnyPrinter) {
+    const Texte name(15, u'W');
+    const Texte title(90, u'M');
+    for (const Printer &printer : printers) {
+        Report report(1);
+        report.g.joueurs.NomJoueur[1] = name;
+        report.g.base.TitreBase = title;
+        report.printer.measures = {double(printer.width), double(printer.character),
+                                   double(printer.line)};
+        EXPECT_EQ(report.page(), pageOn(printer, toUtf8(name), toUtf8(title))) << printer.width;
+    }
 }
 
 TEST(Report, EachPressPrintsAPageAndWritesNoRecord) {

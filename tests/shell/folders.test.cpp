@@ -5,6 +5,7 @@
 #include "support/game.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 namespace grimoval::test::folders {
 
@@ -39,9 +40,19 @@ TEST_F(Folders, OfASecondStartAreFoundAndLeftAlone) {
 }
 
 TEST_F(Folders, OfWhichTheFirstExistsGetTheSecondAlone) {
-    world.folder.makeFolder(u"donnees/Calvenor");
+    world.folder.write(u"donnees/Calvenor/autre.txt", "d'un autre jeu");
+    const auto identity = [this] {
+        struct stat status = {};
+        EXPECT_EQ(::stat(world.folder.bytePath(u"donnees/Calvenor").c_str(), &status), 0);
+        return status.st_ino;
+    };
+    const auto first = identity();
     TrouverDossierUtilisateur(g);
-    EXPECT_TRUE(world.folder.exists(u"donnees/Calvenor/Le Grimoval"));
+    EXPECT_EQ(identity(), first);
+    EXPECT_EQ(disk(), (std::vector<std::string>{"donnees/", "donnees/Calvenor/",
+                                                "donnees/Calvenor/Le Grimoval/",
+                                                "donnees/Calvenor/autre.txt"}));
+    EXPECT_EQ(world.folder.read(u"donnees/Calvenor/autre.txt"), "d'un autre jeu");
 }
 
 TEST_F(Folders, GetNoSecondSeparatorWhereTheUsersPlaceEndsInOne) {

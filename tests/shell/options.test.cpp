@@ -3,6 +3,7 @@
 #include "shell/GLBPAROL.h"
 #include "support/game.h"
 
+#include <array>
 #include <gtest/gtest.h>
 
 namespace grimoval::test {
@@ -86,19 +87,40 @@ TEST(SoundOptions, WithoutMidiTheBoxIsEmptyAndOkSwitchesMusicOff) {
     EXPECT_EQ(game.file(), "[Le Grimoval]\r\nMusic=0\r\nParole=1\r\n");
 }
 
+TEST(SoundOptions, WithoutMidiEscapeSwitchesMusicOffInTheFileToo) {
+    Options game;
+    game.g.son.MidiPresent = 0;
+    game.open([&] { game.press(Key::escape); });
+    EXPECT_EQ(game.g.son.MusiqueActive, 0);
+    EXPECT_EQ(game.file(), "[Le Grimoval]\r\nMusic=0\r\nParole=1\r\n");
+    EXPECT_EQ(only(game.windows.take(), "musique"), Events{"musique arret"});
+}
+
 TEST(SoundOptions, TheWordFlipsADisabledBoxAndNothingSounds) {
     Options game;
     game.g.son.WavPresent = 0;
     game.g.son.ParoleActive = 0;
     game.open([&] {
+        EXPECT_FALSE(game.all.option.ConfTSons[1].Enabled);
         EXPECT_TRUE(game.all.option.Etiquette[1].userClick());
         EXPECT_EQ(game.all.option.ConfTSons[1].Value, 1);
         EXPECT_TRUE(game.all.option.Cmd[0].userClick());
     });
     EXPECT_EQ(game.g.son.ParoleActive, 1);
-    game.question.load();
+    EXPECT_EQ(game.file(), "[Le Grimoval]\r\nParole=1\r\n");
     JouerErreur(game.g);
+    JouerParole(game.g, parole::bienvenue);
     EXPECT_TRUE(game.prompts().empty());
+    // And flips it back.
+    game.open([&] {
+        EXPECT_EQ(game.all.option.ConfTSons[1].Value, 0); // a box without a device opens empty
+        EXPECT_TRUE(game.all.option.Etiquette[1].userClick());
+        EXPECT_TRUE(game.all.option.Etiquette[1].userClick());
+        EXPECT_EQ(game.all.option.ConfTSons[1].Value, 0);
+        EXPECT_TRUE(game.all.option.Cmd[0].userClick());
+    });
+    EXPECT_EQ(game.g.son.ParoleActive, 0);
+    EXPECT_EQ(game.file(), "[Le Grimoval]\r\nParole=0\r\n");
 }
 
 TEST(SoundOptions, WorkingValuesAreFilledAtEachActivationAndGoWithTheWindow) {
@@ -143,6 +165,69 @@ TEST(SoundOptions, ActivatedAnewGoBackToTheSwitches) {
     EXPECT_EQ(option.ChoixParole, 1);
     EXPECT_EQ(option.ConfTSons[0].Value, 1);
     EXPECT_EQ(option.ConfTSons[1].Value, 1);
+}
+
+using Rectangle = std::array<int, 4>; // left, top, width, height in twips
+
+Rectangle placeOf(const Control &control) {
+    const Place &place = control.place;
+    return {place.left, place.top, place.width, place.height};
+}
+
+TEST(SoundOptions, StandAtTheirPlaces) {
+    Game game;
+    FOption &option = game.all.option;
+    EXPECT_EQ(option.Width, 4395);
+    EXPECT_EQ(option.Height, 2880);
+    EXPECT_FALSE(option.titleBar);
+    const std::pair<Control *, Rectangle> rows[] = {
+        {&option.EtiquetteTitre, {600, 480, 3465, 315}},
+        {&option.Etiquette[0], {1440, 840, 1935, 315}},
+        {&option.Etiquette[1], {1440, 1320, 1935, 315}},
+        {&option.ConfTSons[0], {1250, 900, 200, 240}},
+        {&option.ConfTSons[1], {1250, 1350, 200, 240}},
+        {&option.Cmd[0], {240, 1920, 1500, 750}},
+        {&option.Cmd[1], {2640, 1920, 1500, 750}},
+    };
+    EXPECT_EQ(option.controls().size(), std::size(rows));
+    for (const auto &[control, place] : rows) {
+        EXPECT_EQ(placeOf(*control), place) << control->path();
+    }
+    EXPECT_EQ(shown(option.EtiquetteTitre.Caption), "Activer / Désactiver");
+    EXPECT_EQ(shown(option.Etiquette[0].Caption), "Musique");
+    EXPECT_EQ(shown(option.Etiquette[1].Caption), "Parole");
+}
+
+TEST(About, StandsAtItsPlaces) {
+    Game game;
+    FAbout &about = game.all.about;
+    EXPECT_EQ(about.Width, 5715);
+    EXPECT_EQ(about.Height, 5370);
+    EXPECT_TRUE(about.titleBar);
+    const std::pair<Control *, Rectangle> rows[] = {
+        {&about.VsAbout[2], {360, 1680, 5055, 375}},
+        {&about.CmdABout[0], {480, 3840, 1200, 1200}},
+        {&about.CmdABout[1], {4080, 3840, 1200, 1200}},
+        {&about.Command2, {1800, 4560, 2160, 480}},
+    };
+    for (const auto &[control, place] : rows) {
+        EXPECT_EQ(placeOf(*control), place) << control->path();
+    }
+    // These take the room that their text needs, from their corner on: to the right margin, and to
+    // what stands below.
+    const struct {
+        const Label &text;
+        int left, top, below;
+    } growing[] = {{about.Txt[0], 360, 360, 1680},
+                   {about.Txt[1], 360, 2160, 2520},
+                   {about.Txt[2], 480, 2520, 3840}};
+    for (const auto &row : growing) {
+        EXPECT_EQ(row.text.place.left, row.left) << row.text.path();
+        EXPECT_EQ(row.text.place.top, row.top) << row.text.path();
+        EXPECT_EQ(row.text.place.left + row.text.place.width, 5715 - 360) << row.text.path();
+        EXPECT_LE(row.top + row.text.place.height, row.below) << row.text.path();
+    }
+    EXPECT_EQ(about.Txt[0].alignment, Alignment::centre);
 }
 
 TEST(About, LeavesTheSharedTextEmptyWhateverItHeld) {

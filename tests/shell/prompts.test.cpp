@@ -73,9 +73,10 @@ TEST_F(Prompt, Number25PlaysTheLastFileAgainInSilenceAboutIt) {
 
 TEST_F(Prompt, ThatHasTwoFilesDrawsOneOfThem) {
     const std::tuple<int, float, const char *> rows[] = {
-        {6, 0.0f, "TropTar.Wav"},    {6, 0.499f, "TropTar.Wav"}, {6, 0.5f, "PaassRap.Wav"},
-        {6, 0.999f, "PaassRap.Wav"}, {7, 0.25f, "TropTar.Wav"},  {7, 0.75f, "PaassRap.Wav"},
-        {12, 0.25f, "AlaProch.Wav"}, {12, 0.75f, "Salut1.Wav"}};
+        {6, 0.0f, "TropTar.Wav"},     {6, 0.499f, "TropTar.Wav"},  {6, 0.5f, "PaassRap.Wav"},
+        {6, 0.999f, "PaassRap.Wav"},  {7, 0.0f, "TropTar.Wav"},    {7, 0.499f, "TropTar.Wav"},
+        {7, 0.5f, "PaassRap.Wav"},    {7, 0.999f, "PaassRap.Wav"}, {12, 0.0f, "AlaProch.Wav"},
+        {12, 0.499f, "AlaProch.Wav"}, {12, 0.5f, "Salut1.Wav"},    {12, 0.999f, "Salut1.Wav"}};
     for (const auto &[number, draw, file] : rows) {
         world.random.numbers = {draw};
         EXPECT_EQ(play(number), Events{"parole " + std::string(file)}) << number << " " << draw;
@@ -94,13 +95,21 @@ TEST_F(Prompt, ThatHasTwoFilesDrawsOneOfThem) {
 TEST_F(Prompt, ThatHasTwoFilesIsHeardAsBothOverManyDraws) {
     std::mt19937 generator(1);
     std::uniform_real_distribution<float> draw(0, 1);
+    const Events late = {"parole PaassRap.Wav", "parole TropTar.Wav"};
+    const Events leaving = {"parole AlaProch.Wav", "parole Salut1.Wav"};
     for (const int number : {6, 7, 12}) {
-        std::map<Events, int> heard;
+        std::map<std::string, int> heard;
         for (int i = 0; i < 400; ++i) {
             world.random.numbers = {std::min(draw(generator), 0.9999F)};
-            ++heard[play(number)];
+            const Events said = play(number);
+            ASSERT_EQ(said.size(), 1u) << number;
+            ++heard[said.front()];
         }
-        ASSERT_EQ(heard.size(), 2u) << number;
+        Events files;
+        for (const auto &[file, times] : heard) {
+            files.push_back(file);
+        }
+        ASSERT_EQ(files, number == 12 ? leaving : late) << number;
         EXPECT_GT(heard.begin()->second, 150) << number;
         EXPECT_LT(heard.begin()->second, 250) << number;
     }
@@ -140,10 +149,15 @@ TEST_F(Prompt, OfTheMusicLoopsWhereDeviceAndSwitchAreThereAndElseStopsTheTune) {
     }
 }
 
-TEST_F(Prompt, OfTheMusicTurnedOnTwiceStartsTwice) {
-    JouerMusique(g);
-    JouerMusique(g);
-    EXPECT_EQ(world.windows.take(), (Events{"musique CLVMID1.mid", "musique CLVMID1.mid"}));
+TEST_F(Prompt, OfTheMusicTurnedOnTwiceStartsTwiceAndLoopsEachTime) {
+    for (int time = 0; time < 2; ++time) {
+        g.VBTINI.FichierMidi = u"autre";
+        g.VBTINI.BoucleMidi = world.sound.looping = false;
+        JouerMusique(g);
+        EXPECT_EQ(world.windows.take(), Events{"musique CLVMID1.mid"}) << time;
+        EXPECT_EQ(toUtf8(g.VBTINI.FichierMidi), "/jeu/SONS/CLVMID1.mid") << time;
+        EXPECT_TRUE(world.sound.looping) << time;
+    }
 }
 
 } // namespace grimoval::test::prompts

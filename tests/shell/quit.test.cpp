@@ -66,11 +66,60 @@ TEST(QuitQuestion, EscapeReachesForAButtonThatIsNotThere) {
               failure::noSuchElement);
 }
 
-TEST(QuitQuestion, DefaultAndTitleChangeNothingAndOtherLayoutsHaveNoButtons) {
+TEST(QuitQuestion, SetsItsTextAnewAtEachAsking) {
     Game game;
-    answer(game, 1);
-    AfficherMessage(game.g, game.question, u"Autre question", 2, 9, u"Titre");
-    EXPECT_EQ(game.g.ReponseFenetre, 6);
+    game.windows.expectModal("Fmsg1", [&](Form &form) {
+        EXPECT_EQ(shown(game.question.TxtMsg.Caption), "Autre question");
+        game.question.TxtMsg.Caption = u"sali";
+        form.unload();
+    });
+    AfficherMessage(game.g, game.question, u"Autre question", 2, 1, u"");
+    // One that is loaded already is given its text, too.
+    game.question.load();
+    game.question.TxtMsg.Caption = u"sali";
+    game.windows.expectModal("Fmsg1", [&](Form &) {
+        EXPECT_EQ(shown(game.question.TxtMsg.Caption), "Veux-tu vraiment quitter ?");
+        EXPECT_TRUE(game.question.CmdMsg[2].userClick());
+    });
+    DemanderQuitter(game.g, game.question);
+}
+
+TEST(QuitQuestion, DefaultAndTitleChangeNothing) {
+    struct Asked {
+        Events events;
+        std::string caption, focus;
+        int answer = 0;
+    };
+    const auto ask = [](int standard, const Texte &title) {
+        Game game;
+        Asked asked;
+        game.g.dossiers.DossierImages = u"/images/";
+        game.windows.expectModal("Fmsg1", [&](Form &form) {
+            asked.caption = shown(form.Caption);
+            asked.focus = form.focus() == nullptr ? "" : form.focus()->path();
+            game.press(Key::enter);
+        });
+        AfficherMessage(game.g, game.question, u"Question ?", 2, standard, title);
+        asked.events = game.windows.take();
+        asked.answer = game.g.ReponseFenetre;
+        return asked;
+    };
+    const Asked plain = ask(1, u"");
+    EXPECT_EQ(plain.answer, 6);
+    EXPECT_EQ(plain.caption, "Le Grimoval");
+    EXPECT_FALSE(plain.events.empty());
+    for (const int standard : {-1, 0, 1, 2, 3, 256, 9}) {
+        for (const Texte &title : {Texte(), Texte(u"Titre"), Texte(200, u'T')}) {
+            const Asked other = ask(standard, title);
+            EXPECT_EQ(other.events, plain.events) << standard;
+            EXPECT_EQ(other.caption, plain.caption) << standard;
+            EXPECT_EQ(other.focus, plain.focus) << standard;
+            EXPECT_EQ(other.answer, plain.answer) << standard;
+        }
+    }
+}
+
+TEST(QuitQuestion, OtherLayoutsHaveNoButtons) {
     for (const int layout : {1, 3}) {
         Game other;
         EXPECT_EQ(

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The settings of the sound, and the devices of the machine beside them.
+#include "shell/GLBPAROL.h"
 #include "shell/mdClvUtil.h"
 #include "support/failures.h"
 #include "support/world.h"
@@ -118,6 +119,10 @@ TEST_F(SoundSettings, OfAMachineWithoutMidiStayOnInTheFileAndNoMusicSounds) {
     LireConfigSon(g);
     EXPECT_EQ(g.son.MusiqueActive, 1);
     EXPECT_NE(read().find("Music=1\r\n"), std::string::npos);
+    world.windows.take();
+    JouerMusique(g);
+    EXPECT_EQ(world.windows.take(), Events{"musique arret"});
+    EXPECT_TRUE(g.VBTINI.FichierMidi.empty());
 }
 
 } // namespace grimoval::test::settings_sound
