@@ -289,17 +289,11 @@ class Alone(FaultTest):
         self.start(DBUS_SESSION_BUS_ADDRESS=nowhere, DBUS_SYSTEM_BUS_ADDRESS=nowhere,
                    AT_SPI_BUS_ADDRESS=nowhere, XDG_RUNTIME_DIR=None)
 
-        def windows():
-            return self.screen.run("xprop", "-root", "_NET_CLIENT_LIST_STACKING").count("0x")
-
-        wait_for(lambda: windows() == 1, "splash")
-        time.sleep(0.2)
+        wait_for(lambda: self.screen.is_in_front(1), "splash")
         self.screen.key("space")
-        wait_for(lambda: windows() == 2, "main window over its backdrop")
-        time.sleep(0.2)
+        wait_for(lambda: self.screen.is_in_front(2), "main window over its backdrop")
         self.screen.key("alt+F4")
-        wait_for(lambda: windows() == 3, "question")
-        time.sleep(0.2)
+        wait_for(lambda: self.screen.is_in_front(3), "question")
         self.screen.key("Return")
         self.assertEqual(self.program.await_end(), 0)
 

@@ -150,5 +150,4 @@ class SoundTest(GameTest):
         self.program.press("OK")
 
     def await_no_window(self):
-        wait_for(lambda: "0x" not in self.screen.run("xprop", "-root", "_NET_CLIENT_LIST"),
-                 "empty screen")
+        wait_for(lambda: not self.screen.windows(), "empty screen")

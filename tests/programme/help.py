@@ -70,9 +70,7 @@ class HelpTest(GameTest):
                          lambda: (viewer.find(name="Ta première partie") or [None])[0], "first page")
 
     def to_the_game(self):
-        windows = wait_for(lambda: self.screen.run("xdotool", "search", "--onlyvisible", "--name",
-                                                   "^Le Grimoval $").split(), "the game's window")
-        self.screen.run("xdotool", "windowactivate", windows[-1])
+        self.screen.bring_to_front("^Le Grimoval $")
         wait_for(self.program.active, "game in front")
 
 
@@ -85,7 +83,7 @@ class Help(HelpTest):
         page = viewer.await_one(name=INDEX)
         self.assertIn("Ta première partie", page.text)
         self.assertIn("Pour les parents", page.text)
-        self.assertEqual(viewer.active().name, "Aide du Grimoval : " + INDEX)
+        wait_for(lambda: viewer.active().name == "Aide du Grimoval : " + INDEX, "title of the viewer")
         buttons = {b.name: b.sensitive for b in viewer.find("push button")}
         self.assertEqual(buttons, {"Index": True, "Précédent": False, "Fermer": True})
 

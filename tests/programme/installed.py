@@ -178,9 +178,9 @@ class Play(GameTest):
         before = content(self.prefix)
         self.program = Program(self.screen, self.file("games/grimoval"))
         self.pass_splash()
-        window = self.screen.run("xdotool", "search", "--onlyvisible", "--name",
-                                 "^Le Grimoval $").split()[-1]
-        told = self.screen.run("xprop", "-id", window, "WM_CLASS", "_NET_WM_ICON")
+        wait_for(lambda: self.screen.is_in_front(2), "main window over its backdrop")
+        told = wait_for(lambda: self.screen.run("xprop", "-id", str(self.screen.active_window()),
+                                                "WM_CLASS", "_NET_WM_ICON"), "main window")
         self.assertIn('"grimoval", "grimoval"', told)
         self.assertIn("Icon (32 x 32)", told)
 
@@ -191,9 +191,7 @@ class Play(GameTest):
         wait_for(lambda: {item.name for item in shown.children()} == titles, "every theme")
         self.program.press("Annuler")
         self.program.press("Aide")
-        wait_for(lambda: self.screen.run("xdotool", "search", "--onlyvisible", "--name",
-                                         "^Aide du Grimoval"), "window of the help")
-        self.screen.run("xdotool", "search", "--name", "^Aide du Grimoval", "windowactivate")
+        self.screen.bring_to_front("^Aide du Grimoval")
         self.screen.key("Escape")
         wait_for(self.program.active, "the game again")
         self.quit()

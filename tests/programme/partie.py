@@ -8,7 +8,8 @@ import subprocess
 import sys
 import unittest
 
-from pilote import Atspi, Failed, Program, Screen, on_private_bus, wait_for  # noqa: F401
+from pilote import Atspi, Program, on_private_bus
+from screen import Failed, Screen, wait_for  # noqa: F401
 
 TREE = os.path.abspath(sys.argv[1] if len(sys.argv) > 1 else "build/grimoval")
 GRIMBASES = os.path.join(os.path.dirname(TREE), "grimbases")

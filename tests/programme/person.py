@@ -33,21 +33,40 @@ class Keyboard(GameTest):
 
 
 class WindowManager(GameTest):
-    def active_window(self):
-        """As the window manager numbers it."""
-        answer = self.screen.run("xprop", "-root", "_NET_ACTIVE_WINDOW")
-        return answer.split()[-1].rstrip(",")
-
     def test_modal_window_is_tied_to_its_opener(self):
         self.pass_splash()
-        wait_for(lambda: '= "Le Grimoval "' in self.screen.run(
-            "xprop", "-id", self.active_window(), "WM_NAME"), "main window in front")
-        menu = self.active_window()
+        wait_for(lambda: self.screen.is_in_front(2) and '= "Le Grimoval "' in self.told_of_front("WM_NAME"),
+                 "main window in front")
+        menu = self.screen.active_window()
         self.program.press("Configuration du jeu")
         self.program.await_one("push button", "1 Joueur")
-        wait_for(lambda: self.active_window() != menu, "configuration in front")
-        self.assertRegex(self.screen.run("xprop", "-id", self.active_window(), "WM_TRANSIENT_FOR"),
-                         menu + "$")
+        wait_for(lambda: self.screen.is_in_front(3), "configuration in front")
+        told = wait_for(lambda: self.told_of_front("WM_TRANSIENT_FOR"), "window in front")
+        self.assertRegex(told, f" {menu:#x}$")
+
+    def test_close_request_reaches_no_window_under_a_modal_one(self):
+        self.pass_splash()
+        wait_for(lambda: self.screen.is_in_front(2), "main window in front")
+        menu = self.screen.active_window()
+        self.program.press("Configuration du son")
+        self.program.await_one("check box", "Musique")
+        wait_for(lambda: self.screen.is_in_front(3), "options in front")
+        # As the cross of its title bar asks, which a modal window leaves on view.
+        self.screen.close(menu)
+        self.screen.close(menu)
+        self.program.await_one("check box", "Parole")
+        self.assertTrue(self.screen.is_in_front(3))
+        self.screen.key("alt+F4")  # the options themselves are left by it
+        self.program.await_one("push button", "Nouvelle partie")
+        wait_for(lambda: self.screen.is_in_front(2), "main window in front again")
+        self.assertEqual(self.screen.active_window(), menu)
+        self.screen.close(menu)
+        self.program.await_one("label", "Veux-tu vraiment quitter ?")
+        self.screen.key("Return")
+        self.assertEqual(self.program.await_end(), 0)
+
+    def told_of_front(self, what):
+        return self.screen.run("xprop", "-id", str(self.screen.active_window()), what)
 
 
 class Process(GameTest):

@@ -1,10 +1,8 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """The real program on a screen of its own, driven from outside as a person drives it: the keyboard by
 xdotool, the controls by the accessibility bus. Nothing here knows the program's inside."""
-import ctypes
 import os
 import re
-import shutil
 import signal
 import subprocess
 import sys
@@ -16,9 +14,7 @@ import gi
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402
 
-
-PRIVATE_FOLDERS = ("HOME", "XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_RUNTIME_DIR")
-
+from screen import PRIVATE_FOLDERS, Failed, wait_for  # noqa: E402
 
 # The roles of controls, by the words of these tests. The bus has names for them as well, which change
 # from one of its versions to the next: what it calls "push button" today is a "button" tomorrow.
@@ -43,109 +39,6 @@ def role_of(node):
     """The word of these tests for its role, or the role itself where they have none."""
     role = node.get_role()
     return WORDS_OF_ROLES.get(role, role)
-
-
-class Failed(Exception):
-    """What was expected did not come in time."""
-
-
-def wait_for(question, what, seconds=15.0):
-    """Asks until the answer counts as true, and returns it."""
-    end = time.monotonic() + seconds
-    while True:
-        try:
-            answer = question()
-        except (GLib.GError, subprocess.CalledProcessError):  # it went while it was being asked
-            answer = None
-        if answer:
-            return answer
-        if time.monotonic() > end:
-            raise Failed(f"after {seconds:g} s there was still no: {what() if callable(what) else what}")
-        time.sleep(0.03)
-
-
-class Screen:
-    """A virtual screen with a window manager, one size, gone at the end of the block."""
-
-    def __init__(self, size="1366x768"):
-        self.size = size
-        self.started = []
-        self.folder = tempfile.mkdtemp(prefix="grimoval-")
-        self.env = dict(os.environ)
-
-    def __enter__(self):
-        try:
-            self.open()
-        except BaseException:
-            self.__exit__()
-            raise
-        return self
-
-    def open(self):
-        # Nothing of the person's own is read or written.
-        for name in (*PRIVATE_FOLDERS, "TMPDIR"):
-            self.env[name] = os.path.join(self.folder, name.lower())
-            os.mkdir(self.env[name], 0o700)
-        for name in ("WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "QT_SCALE_FACTOR", "QT_STYLE_OVERRIDE",
-                     "XMODIFIERS", "QT_IM_MODULE", "LC_ALL"):
-            self.env.pop(name, None)
-        self.env.update(LANG="fr_FR.UTF-8", QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1",
-                        SDL_AUDIODRIVER="dummy")
-        read, write = os.pipe()
-        self.start(["Xvfb", "-displayfd", str(write), "-screen", "0", self.size + "x24",
-                    "-nolisten", "tcp", "-noreset"], pass_fds=[write])
-        os.close(write)
-        with os.fdopen(read) as answer:
-            number = answer.readline().strip()
-        if not number:
-            raise Failed("Xvfb did not start")
-        self.env["DISPLAY"] = ":" + number
-        os.environ["DISPLAY"] = self.env["DISPLAY"]
-        self.run("setxkbmap", "us")
-        # What comes while it begins gets no keyboard, and its sign on the screen comes before that.
-        begun = os.path.join(self.folder, "openbox")
-        self.start(["openbox", "--startup", "touch " + begun])
-        wait_for(lambda: os.path.exists(begun), "window manager")
-
-    def __exit__(self, *_):
-        for process in reversed(self.started):
-            stop(process)
-        shutil.rmtree(self.folder, ignore_errors=True)
-
-    def start(self, command, **more):
-        process = subprocess.Popen(command, env=self.env, stdin=subprocess.DEVNULL,
-                                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
-                                   start_new_session=True, preexec_fn=die_with_parent, **more)
-        self.started.append(process)
-        return process
-
-    def run(self, *command):
-        return subprocess.run(command, env=self.env, stdin=subprocess.DEVNULL, capture_output=True,
-                              text=True, timeout=20, check=True).stdout
-
-    def keyboard(self, layout):
-        self.run("setxkbmap", layout)
-
-    def key(self, *keys):
-        """Keys by their X names, one after the other."""
-        self.run("xdotool", "key", "--delay", "15", *keys)
-
-    def type(self, text):
-        self.run("xdotool", "type", "--delay", "15", text)
-
-
-def die_with_parent():
-    ctypes.CDLL(None).prctl(1, signal.SIGKILL)  # PR_SET_PDEATHSIG
-
-
-def stop(process):
-    if process.poll() is None:
-        process.terminate()
-        try:
-            process.wait(1)
-        except subprocess.TimeoutExpired:
-            process.kill()
-            process.wait()
 
 
 class Control:

@@ -161,6 +161,7 @@ class Mute(SoundTest):
         self.program.press("Stopper la partie")
         self.leave_scores()
         self.agree_to_quit()
+        self.await_no_window()
         self.assertEqual(self.program.await_end(2), 0)
 
 
@@ -208,6 +209,7 @@ class Damaged(SoundTest):
         self.assertGreater(min(levels), usual / 3)   # the end and the start meet without a gap
         self.assertLess(max(levels), usual * 2)      # and nothing else is heard
         self.agree_to_quit()
+        self.await_no_window()
         self.assertEqual(self.program.await_end(2), 0)
 
 

@@ -10,7 +10,7 @@ import time
 RACINE = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
 sys.path.insert(0, os.path.join(RACINE, "tests", "programme"))
 
-from pilote import Screen, stop, wait_for  # noqa: E402
+from screen import Screen, stop, wait_for  # noqa: E402
 from temoin import Manque, Temoin  # noqa: E402
 
 BATI = os.path.join(RACINE, "build")
