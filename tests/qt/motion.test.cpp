@@ -102,15 +102,14 @@ TEST_F(Motion, AFoundLetterCanBeReadFromItsFirstFrame) {
     EXPECT_GT(light, tile.width() * tile.height() / 3);
     EXPECT_GT(dark, tile.width() * tile.height() / 30);
     EXPECT_NE(landing, closed);
-    QTest::qWait(500);
-    const QImage landed = seen(view);
-    EXPECT_NE(landed, landing);
-    motion::setWanted(false);
     WordView still(&parent);
+    motion::setWanted(false);
     still.setFactor(1);
     still.resize(706, 104);
     still.write(text);
-    EXPECT_EQ(seen(still), landed);
+    const QImage landed = seen(still);
+    EXPECT_NE(landed, landing);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return seen(view) == landed; }));
 }
 
 TEST_F(Motion, TheCurtainFallsAndEndsWhereItWouldHaveStood) {
@@ -124,16 +123,18 @@ TEST_F(Motion, TheCurtainFallsAndEndsWhereItWouldHaveStood) {
         one->setPicture(white);
         one->setFramed(true);
     }
-    still.setCurtain(0.5);
+    still.setCurtain(0.005);
     motion::setWanted(true);
     view.setCurtain(0.005);
-    QTest::qWait(600);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return seen(view) == seen(still); }));
+    motion::setWanted(false);
+    still.setCurtain(0.5);
+    motion::setWanted(true);
     view.setCurtain(0.5);
     EXPECT_DOUBLE_EQ(view.curtain().height(), view.inner().height() / 2)
         << "the state is told at once";
     EXPECT_NE(seen(view), seen(still));
-    QTest::qWait(700);
-    EXPECT_EQ(seen(view), seen(still));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return seen(view) == seen(still); }));
     view.setCurtain(-1);
     still.setCurtain(-1);
     EXPECT_EQ(seen(view), seen(still)) << "it is drawn up at once";
@@ -156,7 +157,6 @@ TEST_F(Motion, AnUnchangedViewPaintsNothing) {
     curtain.Height = 120;
     word.Caption = u"##";
     word.Caption = u"A#";
-    QTest::qWait(900); // all has come to rest
     struct Painted : QObject {
         int count = 0;
         bool eventFilter(QObject *, QEvent *event) override {
@@ -167,11 +167,14 @@ TEST_F(Motion, AnUnchangedViewPaintsNothing) {
     bench.mirror(picture)->widget()->installEventFilter(&painted);
     bench.mirror(word)->widget()->installEventFilter(&painted);
     bench.window(form)->installEventFilter(&painted);
-    QTest::qWait(400);
-    EXPECT_EQ(painted.count, 0);
+    // All comes to rest, and then nothing is painted for longer than any step of a motion takes.
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        painted.count = 0;
+        QTest::qWait(400);
+        return painted.count == 0;
+    }));
     word.Caption = u"AB";
-    QTest::qWait(50);
-    EXPECT_GT(painted.count, 0);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return painted.count > 0; }));
 }
 
 } // namespace
