@@ -5,6 +5,9 @@
 #include "support/program.h"
 
 #include <QDialog>
+#include <QFontDatabase>
+#include <QFontInfo>
+#include <QPainter>
 #include <QWindow>
 
 #include <map>
@@ -155,6 +158,82 @@ TEST_F(GameWindows, ACloseRequestReachesNoWindowThatAnotherStandsOver) {
     EXPECT_TRUE(menu.isShown()); // the answer was no
     EXPECT_TRUE(windows.windowOf(menu)->isVisible());
     EXPECT_TRUE(ends.empty());
+}
+
+TEST_F(GameWindows, ThePictureIsFittedIntoItsFrameAndNotCut) {
+    QImage wide(400, 100, QImage::Format_RGB32), high(100, 400, QImage::Format_RGB32);
+    for (QImage *image : {&wide, &high}) {
+        image->fill(Qt::red);
+    }
+    QPainter(&wide).fillRect(200, 0, 200, 100, Qt::blue);
+    QPainter(&high).fillRect(0, 200, 100, 200, Qt::blue);
+    QWidget parent;
+    PictureView view(&parent);
+    view.setFactor(1);
+    view.resize(272, 204);
+    view.setFramed(true);
+    for (const QImage &image : {wide, high}) {
+        view.setPicture(image);
+        const QImage seen = view.grab().toImage();
+        QRect red, blue;
+        for (int y = 0; y < seen.height(); ++y) {
+            for (int x = 0; x < seen.width(); ++x) {
+                if (seen.pixelColor(x, y) == QColor(Qt::red)) {
+                    red |= QRect(x, y, 1, 1);
+                } else if (seen.pixelColor(x, y) == QColor(Qt::blue)) {
+                    blue |= QRect(x, y, 1, 1);
+                }
+            }
+        }
+        // Both halves, each whole, in the picture's own proportions, from one side to the other.
+        const QRect whole = red | blue;
+        EXPECT_NEAR(double(whole.width()) / whole.height(), double(image.width()) / image.height(),
+                    0.06 * image.width() / image.height());
+        EXPECT_NEAR(red.width() * red.height(), blue.width() * blue.height(),
+                    red.width() * red.height() / 10);
+        const QRectF frame = view.inner();
+        EXPECT_GE(std::max(whole.width() / frame.width(), whole.height() / frame.height()), 0.98);
+    }
+}
+
+TEST_F(GameWindows, TheScoreTableIsWhiteOnNightAndTheTextsAroundItInkOnParchment) {
+    program.g.reglages.NombreJoueur = 1;
+    program.g.base.TitreBase = u"Essai";
+    FScore2 &score = program.windows.score;
+    score.show();
+    const QImage table = view<TableView>(score.LstScore)->viewport()->grab().toImage();
+    std::map<QRgb, int> colours;
+    QColor lightest = Qt::black;
+    for (int y = table.height() / 2; y < table.height(); ++y) {
+        for (int x = 0; x < table.width(); ++x) {
+            const QColor here = table.pixelColor(x, y);
+            ++colours[here.rgb()];
+            lightest = here.lightness() > lightest.lightness() ? here : lightest;
+        }
+    }
+    const QColor ground = std::max_element(colours.begin(), colours.end(), [](auto &a, auto &b) {
+                              return a.second < b.second;
+                          })->first;
+    EXPECT_LT(ground.lightness(), 80);
+    EXPECT_GT(ground.blue(), ground.red() + 30);
+    EXPECT_EQ(lightest, QColor(Qt::white));
+    EXPECT_EQ(windows.windowOf(score)->surface(), Surface::parchment);
+    const QColor text = ink(score.Etiquette[0].ForeColor, Surface::parchment);
+    EXPECT_EQ(text, shade::ink);
+}
+
+TEST(Font, IsTheOneForPeopleWhoLearnToReadWhereItIsInstalled) {
+    const QStringList installed = QFontDatabase::families();
+    const QString wanted = installed.contains(QStringLiteral("Andika"))
+                               ? QStringLiteral("Andika")
+                               : QStringLiteral("DejaVu Sans");
+    if (!installed.contains(wanted)) {
+        GTEST_SKIP() << "neither of the two fonts is here";
+    }
+    for (const bool bold : {false, true}) {
+        EXPECT_EQ(fontOf(20, bold).family(), wanted);
+        EXPECT_EQ(QFontInfo(fontOf(20, bold)).family(), wanted);
+    }
 }
 
 } // namespace
