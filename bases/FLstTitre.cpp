@@ -29,11 +29,10 @@ FLstTitre::FLstTitre(Globales &globales, FMenu &menu)
     poserBouton(CmdTitre[0], {4320, 5070, 1650, 825}, u"Annuler", [this] { CmdTitre_Click(0); });
 }
 
+// Each loading begins with empty lists.
 void FLstTitre::Form_Load() {
     Files &fichiers = g.services.files;
     LstBmpDef.Items = fichiers.list(g.dossiers.DossierImages, u"IMG??.BMP");
-    LstTitre.Clear();
-    TmpLstFich.Clear();
     LstFichier.Items = fichiers.list(g.dossiers.DossierBases, u"*.dbs");
     ChargerListeBases();
     CmdTitre[0].Face = g.dossiers.DossierImages + u"_Annuler_ovale.tga";

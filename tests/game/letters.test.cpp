@@ -39,6 +39,18 @@ TEST_F(Letter, WrongIsAnErrorAndCostsNoPoint) {
     EXPECT_FALSE(menu.BonneLettre);
 }
 
+TEST_F(Letter, IsSoughtAmongTheCharactersInPlayAndNoFurther) {
+    game.start({.words = {u"AMI (I)"}});
+    for (const char16_t character : {u'(', u' ', u')'}) {
+        const int before = menu.ErreursMot[1];
+        menu.ProposerLettre(character); // the blank before the comment is in play
+        EXPECT_EQ(menu.ErreursMot[1], before + (character == u' ' ? 0 : 1));
+        EXPECT_EQ(game.word(), "### (I)");
+    }
+    game.propose("I");
+    EXPECT_EQ(game.word(), "##I (I)");
+}
+
 TEST_F(Letter, GoodSpeaksOfItselfOnlyOnTheScreenInThisOrder) {
     game.start({.words = {u"BANANE"}});
     game.windows.take();
