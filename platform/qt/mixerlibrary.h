@@ -14,11 +14,11 @@ namespace grimoval {
         each(SDL_RWread) each(SDL_RWseek) each(SDL_RWsize) each(SDL_ReadLE16) each(SDL_ReadLE32)   \
             each(SDL_SetHint) each(SDL_SetMainReady) each(Mix_AllocateChannels)                    \
                 each(Mix_CloseAudio) each(Mix_FreeChunk) each(Mix_FreeMusic)                       \
-                    each(Mix_GetSoundFonts) each(Mix_HaltChannel) each(Mix_HaltMusic)              \
-                        each(Mix_Init) each(Mix_LoadMUSType_RW) each(Mix_LoadWAV_RW)               \
-                            each(Mix_OpenAudio) each(Mix_PlayChannel) each(Mix_PlayMusic)          \
-                                each(Mix_Playing) each(Mix_PlayingMusic) each(Mix_SetSoundFonts)   \
-                                    each(Mix_VolumeMusic)
+                    each(Mix_GetSoundFonts) each(Mix_HasMusicDecoder) each(Mix_HaltChannel)        \
+                        each(Mix_HaltMusic) each(Mix_Init) each(Mix_LoadMUSType_RW)                \
+                            each(Mix_LoadWAV_RW) each(Mix_OpenAudio) each(Mix_PlayChannel)         \
+                                each(Mix_PlayMusic) each(Mix_Playing) each(Mix_PlayingMusic)       \
+                                    each(Mix_SetSoundFonts) each(Mix_VolumeMusic)
 
 struct MixerLibrary {
 #define GRIMOVAL_MEMBER(name) decltype(&::name) name = nullptr;

@@ -106,7 +106,9 @@ struct MixerSound::Mixer {
         open = true;
         library.Mix_AllocateChannels(1);
         library.Mix_VolumeMusic(musicVolume);
-        if ((library.Mix_Init(MIX_INIT_MID) & MIX_INIT_MID) == 0) {
+        // What it tells of itself is not enough: it counts a synthesizer that has no instruments.
+        library.Mix_Init(MIX_INIT_MID);
+        if (library.Mix_HasMusicDecoder("MIDI") == SDL_FALSE) {
             return Opening::waveOnly;
         }
         const std::string soundfont = findSoundfont(library.Mix_GetSoundFonts());
