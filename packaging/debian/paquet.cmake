@@ -27,9 +27,9 @@ set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 set(CPACK_DEBIAN_PACKAGE_SECTION games)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # What no library asks for: the font for young readers, the one of the printed report, the mixer, which the
-# program loads by itself, and the instruments of the tune.
+# program loads by itself, its synthesizer, which since Debian 13 it only recommends, and the instruments of the tune.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS
-    "fonts-sil-andika, fonts-liberation, libsdl2-mixer-2.0-0, timgm6mb-soundfont")
+    "fonts-sil-andika, fonts-liberation, libsdl2-mixer-2.0-0, libfluidsynth3, timgm6mb-soundfont")
 # Screen readers; windows under Wayland, which without it are those of X there; a reader for the
 # catalogue; what opens it, and the site.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
