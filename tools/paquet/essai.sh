@@ -1,17 +1,21 @@
 #!/bin/bash
 # SPDX-License-Identifier: GPL-3.0-or-later
-# The trial of the Debian package: on a bare Debian 12, without recommended packages, it is installed,
-# measured, played from its menu entry by an ordinary user, given a class's list of words, upgraded,
-# removed and purged.
+# The trial of the Debian package: on a bare system of the same suite as this one, without recommended
+# packages, it is installed, measured, played from its menu entry by an ordinary user, given a class's list of
+# words, upgraded, removed and purged. The package of one suite is not that of another: the names of the
+# libraries that it depends on differ.
 #
 #   tools/paquet/essai.sh PACKAGE.deb      as root; ends with 77 where it cannot be tried
 #
-# The bare system is made once, in /var/cache/grimoval-essai, from the mirror that apt uses here. All
+# The bare system is made once, in /var/cache/grimoval-essai/SUITE, from the mirror that apt uses here. All
 # mounts lie in a name space of the trial's own: they go with it, however it ends.
 set -eu
 
 limite=350 # MiB, with all that the package pulls in
-cache=/var/cache/grimoval-essai
+suite=$(. /etc/os-release && echo "${VERSION_CODENAME:-}")
+origine=$(. /etc/os-release && echo "${ID^}") # Debian, as its archive calls itself
+telecharges=/var/cache/grimoval-essai/archives
+cache=/var/cache/grimoval-essai/$suite
 nue=$cache/nue racine=$cache/racine
 ici=$(dirname "$(readlink -f "$0")")
 
@@ -26,6 +30,7 @@ rater() {
 }
 
 [ "$(id -u)" -eq 0 ] || sauter "il faut être root"
+[ -n "$suite" ] || sauter "ce système ne dit pas de quelle suite il est"
 for outil in debootstrap unshare chroot setpriv apt-get dpkg-deb Xvfb dbus-daemon; do
     command -v "$outil" >/dev/null || sauter "il manque $outil"
 done
@@ -39,17 +44,18 @@ deb=$(readlink -f "$2")
 # ------------------------------------------------------------------------------ the bare system
 
 depots() {
-    apt-get indextargets --format "$1" 'Created-By: Packages' 'Origin: Debian' | grep bookworm | sort -u
+    apt-get indextargets --format "$1" 'Created-By: Packages' "Origin: $origine" | grep "$suite" | sort -u
 }
 
 faire_nue() {
     local miroir
-    miroir=$(depots '$(CODENAME) $(REPO_URI)' | sed -n 's/^bookworm //p' | head -n 1)
-    [ -n "$miroir" ] || sauter "apt n'a pas de dépôt de Debian 12 ici"
-    dire "Une Debian 12 nue..."
-    mkdir -p "$cache"
+    miroir=$(depots '$(CODENAME) $(REPO_URI)' | sed -n "s/^$suite //p" | head -n 1)
+    [ -n "$miroir" ] || sauter "apt n'a pas de dépôt de $origine $suite ici"
+    dire "Une $origine $suite nue..."
+    mkdir -p "$cache" "$telecharges"
     rm -rf "$nue" "$nue.part"
-    debootstrap --variant=minbase bookworm "$nue.part" "$miroir" >"$cache/debootstrap.log" 2>&1 ||
+    debootstrap --variant=minbase --cache-dir="$telecharges" "$suite" "$nue.part" "$miroir" \
+        >"$cache/debootstrap.log" 2>&1 ||
         sauter "debootstrap n'a pas pu faire le système nu (voir $cache/debootstrap.log)"
     mv "$nue.part" "$nue"
 }
@@ -63,8 +69,8 @@ preparer() {
       echo 'Binary::apt-get::APT::Keep-Downloaded-Packages "true";'; } >"$racine/etc/apt/apt.conf.d/99essai"
     cp /etc/resolv.conf /etc/hosts "$racine/etc/"
     # What was fetched once is not fetched again.
-    mkdir -p "$cache/archives/partial"
-    mount --bind "$cache/archives" "$racine/var/cache/apt/archives"
+    mkdir -p "$telecharges/partial"
+    mount --bind "$telecharges" "$racine/var/cache/apt/archives"
     mount -t proc proc "$racine/proc"
     echo force-unsafe-io >"$racine/etc/dpkg/dpkg.cfg.d/essai"
     printf '#!/bin/sh\nexit 101\n' >"$racine/usr/sbin/policy-rc.d" # no service is started
