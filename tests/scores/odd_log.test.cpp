@@ -69,6 +69,7 @@ TEST_F(OddLog, OfAFolderThatMayNotBeWrittenIsToldAndStaysAsItIs) {
     EXPECT_EQ(record(), "");
     const std::string log = game.folder.read(journal);
     namespace fs = std::filesystem;
+    fs::permissions(game.folder.bytePath(journal), fs::perms(0444)); // it may be the child's own
     fs::permissions(game.folder.bytePath(user), fs::perms(0555));
     {
         const OrdinaryUser child;

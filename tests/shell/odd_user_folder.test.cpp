@@ -60,11 +60,13 @@ TEST_F(OddUserFolder, ThatCannotBeThereEndsTheStartInTheFailureReport) {
 
 TEST_F(OddUserFolder, ThatMayNotBeWrittenEndsTheStartInTheFailureReport) {
     Startup fresh;
+    fs::permissions(fresh.folder.bytePath(u"donnees"), fs::perms(0555));
     {
         const OrdinaryUser child;
         EXPECT_EQ(refused(fresh), failure::permissionDenied);
     }
     EXPECT_FALSE(fresh.folder.exists(u"donnees/Calvenor"));
+    fs::permissions(fresh.folder.bytePath(u"donnees"), fs::perms(0755));
 
     Startup known;
     const std::string settings = "[Le Grimoval]\r\nMusic=0\r\nNombreJoueur=9\r\n";

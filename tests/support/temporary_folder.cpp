@@ -9,6 +9,7 @@
 #include <system_error>
 
 #include <stdlib.h>
+#include <unistd.h>
 
 namespace grimoval::test {
 
@@ -25,8 +26,16 @@ TemporaryFolder::TemporaryFolder() {
 }
 
 TemporaryFolder::~TemporaryFolder() {
-    std::error_code ignored;
-    fs::remove_all(toUtf8(path_), ignored);
+    // A process of the test that has just been ended may still write a last file into it.
+    const fs::path folder = toUtf8(path_);
+    std::error_code error;
+    for (int attempt = 0; attempt < 100; ++attempt) {
+        fs::remove_all(folder, error);
+        if (!error || !fs::exists(folder, error)) {
+            return;
+        }
+        ::usleep(10'000);
+    }
 }
 
 Texte TemporaryFolder::path(const Texte &name) const { return path_ + u'/' + name; }
