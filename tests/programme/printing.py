@@ -104,6 +104,28 @@ def words_of(page):
             re.findall(r'<word xMin="([\d.]+)" yMin="([\d.]+)"[^>]*>(.*?)</word>', answer)]
 
 
+def rules_of(page):
+    """The frames and lines of the page, in points: (left, right, place) of each level one, (top, bottom, place) of
+    each upright one. They are the runs of black longer than any letter, at four dots a point."""
+    picture = subprocess.run(["pdftoppm", "-r", "288", "-gray", "-singlefile", page], check=True,
+                             stdout=subprocess.PIPE, timeout=20).stdout
+    _, size, _, dots = picture.split(b"\n", 3)
+    width, height = map(int, size.split())
+
+    def runs(lines):
+        found = []
+        for at, line in enumerate(lines):
+            for run in re.finditer(rb"[\x00-\x7f]{200,}", line):
+                if found and at <= found[-1][2] + 1:  # a line is some dots thick
+                    found[-1] = min(run.start(), found[-1][0]), max(run.end(), found[-1][1]), at
+                else:
+                    found.append((run.start(), run.end(), at))
+        return [tuple(dot / 4 for dot in one) for one in found]
+
+    return (runs(dots[y * width:(y + 1) * width] for y in range(height)),
+            runs(dots[x::width] for x in range(width)))
+
+
 class Printing(GameTest):
     def setUp(self):
         pass  # the program starts when its print system is known
@@ -130,6 +152,7 @@ class Printing(GameTest):
             wait_for(lambda: os.path.exists(scheduler.page), "a printed page", 20)
             self.program.press("Quitter")
             words = words_of(scheduler.page)
+            level, upright = rules_of(scheduler.page)
         place = {}
         for text, x, y in words:
             place.setdefault(text, (x, y))
@@ -155,6 +178,18 @@ class Printing(GameTest):
                       if abs(y - row) < 0.5 and text.isdigit()]
             self.assertEqual(values[0][0], value, label)
             self.assertAlmostEqual(values[0][1], place["DUPONT"][0] + 6.0, delta=0.2)
+        # The frame of the heading, a line, the frame of the table with two lines in it and one below the names.
+        top = place["Fichier"][1] - 2.7 * line
+        right = max(end for _, end, _ in level)
+        for wanted, (_, end, y) in zip((1.2, 2.5, 5.8, 9.2, 11.7, 19.2), level, strict=True):
+            self.assertAlmostEqual(y, top + wanted * line, delta=1)
+            self.assertAlmostEqual(end, right, delta=1)
+        for start, _, _ in level:
+            self.assertAlmostEqual(start, edge + 6.0, delta=1)
+        middle = edge + 30 * 6.0 + (right + 6.0 - edge - 30 * 6.0) / 2
+        table = sorted(x for start, end, x in upright if end - start > 9 * line)
+        for x, wanted in zip(table, (edge + 6.0, edge + 30 * 6.0, middle, right), strict=True):
+            self.assertAlmostEqual(x, wanted, delta=1)
         text = " ".join(word for word, _, _ in words)
         for expected in ("Le Grimoval v3.0", "Fichier : BETES.DBS", "Sujet : Les bêtes",
                          "Nombre de mots : 5", "Temps de réflexion limitée à 20 secondes",
