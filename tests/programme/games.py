@@ -16,7 +16,8 @@ class Games(GameTest):
         self.assertEqual(program.label("Joueur 1"), "MARIE D. A toi")
         thinking = program.await_one("progress bar", "Temps de réflexion")
         self.assertEqual(thinking.maximum, 20)
-        wait_for(lambda: thinking.value >= 1 and thinking.description == "1", "a second of thinking")
+        wait_for(lambda: thinking.value >= 1 and thinking.description == f"{thinking.value:g}",
+                 "a second of thinking")
 
         self.propose("Z")
         self.await_state("Z", "fausse")
