@@ -56,29 +56,36 @@ constexpr Uint32 named(const char (&name)[5]) {
     return Uint32(name[0]) | Uint32(name[1]) << 8 | Uint32(name[2]) << 16 | Uint32(name[3]) << 24;
 }
 
-// By what its header tells: a wave of few bytes a second unfolds into hundreds of times its size.
-bool lastsTooLong(const MixerLibrary &library, SDL_RWops *file) {
+// By what its header tells: a wave of few bytes a second unfolds into hundreds of times its size,
+// and of one that comes to no sample at all SDL_mixer 2.8 frees the buffer twice.
+bool isWave(const MixerLibrary &library, SDL_RWops *file) {
     const Sint64 size = library.SDL_RWsize(file);
     library.SDL_RWseek(file, 8, RW_SEEK_SET);
-    bool fits = false;
+    Sint64 least = 0; // bytes of data: a thousandth of a second
+    bool is = false;
     if (library.SDL_ReadLE32(file) == named("WAVE")) {
-        for (Sint64 at = 12, parts = 0; at + 24 <= size && parts < 100; ++parts) {
+        for (Sint64 at = 12, parts = 0; at + 8 <= size && parts < 100; ++parts) {
             library.SDL_RWseek(file, at, RW_SEEK_SET);
             const Uint32 name = library.SDL_ReadLE32(file), length = library.SDL_ReadLE32(file);
-            if (name == named("fmt ")) {
+            if (name == named("fmt ") && at + 24 <= size) {
                 library.SDL_ReadLE16(file);
                 const Sint64 tracks = library.SDL_ReadLE16(file), rate = library.SDL_ReadLE32(file);
-                library.SDL_RWseek(file, 6, RW_SEEK_CUR);
-                const Sint64 bits = library.SDL_ReadLE16(file);
-                fits = tracks <= 8 && bits <= 64 && rate <= 192'000 &&
-                       size * 8 <= longestWave * tracks * rate * bits;
+                library.SDL_RWseek(file, 4, RW_SEEK_CUR);
+                const Sint64 block = library.SDL_ReadLE16(file), bits = library.SDL_ReadLE16(file);
+                if (tracks > 8 || bits > 64 || rate > 192'000 ||
+                    size * 8 > longestWave * tracks * rate * bits) {
+                    break;
+                }
+                least = std::max({Sint64{1}, block, rate * tracks * bits / 8 / 1000});
+            } else if (name == named("data")) {
+                is = least > 0 && std::min(Sint64{length}, size - at - 8) >= least;
                 break;
             }
             at += 8 + Sint64{length} + length % 2;
         }
     }
     library.SDL_RWseek(file, 0, RW_SEEK_SET);
-    return !fits;
+    return is;
 }
 
 } // namespace
@@ -176,7 +183,7 @@ struct MixerSound::Mixer {
         dropWave();
         // Closed here: the library forgets the file when it is no sound.
         if (SDL_RWops *source = library.SDL_RWFromFile(file.c_str(), "rb")) {
-            chunk = lastsTooLong(library, source) ? nullptr : library.Mix_LoadWAV_RW(source, 0);
+            chunk = isWave(library, source) ? library.Mix_LoadWAV_RW(source, 0) : nullptr;
             library.SDL_RWclose(source);
         }
         if (chunk != nullptr) {
