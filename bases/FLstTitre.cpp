@@ -102,10 +102,11 @@ void FLstTitre::CmdTitre_Click(int index) {
 }
 
 void FLstTitre::ValiderBase() {
-    // A picture file that is missing becomes a default one; any other failure is passed over.
+    // A picture file that is missing becomes a default one; any other failure is passed over, one
+    // of the default picture too.
     const auto traiter = [this](int numero) {
         if (numero == failure::fileNotFound) {
-            ImageParDefaut();
+            essayer([this] { ImageParDefaut(); }, [](int) {});
         }
     };
     g.services.random.seed();

@@ -102,6 +102,52 @@ TEST_F(ThemePicture, ByDefaultIsDrawnAmongAllButTheLastUnlessThereIsOne) {
     }
 }
 
+// The theme has no picture of its own, or names one that is missing: both end in the same way.
+struct DamagedDefault : testing::TestWithParam<const char16_t *> {};
+
+TEST_P(DamagedDefault, LeavesThePictureThatWasThereOrNoneAndTheThemeIsChosen) {
+    Game game;
+    const auto choose = [&game](const Texte &image) {
+        game.install({{u"ESSAI", u"Essai", {u"MOT"}, image}});
+        game.g.base.BaseChargee = false;
+        game.menu.VSDessin.Visible = false;
+        game.expectTheme(0);
+        EXPECT_TRUE(game.menu.CmdBase.userClick());
+        EXPECT_TRUE(game.g.base.BaseChargee);
+        EXPECT_TRUE(game.menu.VSDessin.Visible);
+        EXPECT_EQ(only(game.windows.take(), "message"), Events{});
+        return shown(game.menu.VSDessin.PictureFile);
+    };
+    game.write(u"IMAGES/IMG01.BMP", "ceci n'est pas une image");
+    EXPECT_EQ(choose(GetParam()), "");
+    game.write(u"IMAGES/UN.JPG", "\xFF\xD8");
+    const std::string before = choose(u"UN");
+    EXPECT_NE(before, "");
+    EXPECT_EQ(choose(GetParam()), before);
+    EXPECT_EQ(game.menu.LstMot[0].ListCount(), 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, DamagedDefault, testing::Values(u"", u"ABSENTE"),
+                         [](const auto &image) {
+                             return *image.param == 0 ? "AThemeWithoutAPicture"
+                                                      : "AThemeWhosePictureIsMissing";
+                         });
+
+TEST_F(ThemePicture, ByDefaultThatGoesBetweenTheListingAndTheDrawIsPassedOver) {
+    for (const char16_t *image : {u"", u"ABSENTE"}) {
+        Game other;
+        other.install({{u"ESSAI", u"Essai", {u"MOT"}, image}});
+        other.write(u"IMAGES/IMG01.BMP", "BM");
+        other.windows.expectModal("FLstTitre", [&](Form &) {
+            other.files.remove(other.folder.path(u"grimoval/IMAGES/IMG01.BMP"));
+            other.enter();
+        });
+        EXPECT_TRUE(other.menu.CmdBase.userClick());
+        EXPECT_TRUE(other.g.base.BaseChargee);
+        EXPECT_EQ(shown(other.menu.VSDessin.PictureFile), "");
+    }
+}
+
 TEST_F(ThemePicture, ByDefaultIsAFileOfTwoCharactersAfterItsThreeLetters) {
     base(u"");
     for (const char16_t *name : {u"IMG1.BMP", u"IMG001.BMP", u"IMG01.JPG", u"AIMG01.BMP"}) {
