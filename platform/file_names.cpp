@@ -22,13 +22,17 @@ std::int64_t nanosecondsNow() {
     return nanoseconds(now);
 }
 
-// Failure 52 for what no system takes as a path.
+// Failure 52 for what no system takes as a path, or what no path reads as.
 std::string pathBytes(const Texte &path) {
-    if (path.empty() || std::any_of(path.begin(), path.end(), [](char16_t c) { return c < 32; })) {
+    std::string bytes = toPath(path);
+    if (path.empty() || fromPath(bytes) != path ||
+        std::any_of(path.begin(), path.end(), [](char16_t c) { return c < 32; })) {
         throw Failure(failure::badFileNameOrNumber);
     }
-    return toUtf8(path);
+    return bytes;
 }
+
+constexpr char16_t replacement = 0xFFFD;
 
 } // namespace
 
@@ -55,7 +59,7 @@ std::vector<Texte> Files::list(const Texte &folder, const Texte &pattern) {
     std::vector<std::pair<Texte, Texte>> found; // capitals, name
     if (directory) {
         while (const dirent *entry = ::readdir(directory.get())) {
-            Texte text = fromUtf8(entry->d_name);
+            Texte text = fromPath(entry->d_name);
             if (!matches(text, pattern)) {
                 continue;
             }
@@ -99,7 +103,7 @@ const Files::Listing &Files::listing(const std::string &folder, bool sure) {
     if (directory) {
         while (const dirent *entry = ::readdir(directory.get())) {
             auto [place, added] =
-                kept.names.try_emplace(upper(fromUtf8(entry->d_name)), entry->d_name);
+                kept.names.try_emplace(upper(fromPath(entry->d_name)), entry->d_name);
             if (!added && place->second > entry->d_name) {
                 place->second = entry->d_name; // of two names the first in order, on every machine
             }
@@ -123,8 +127,11 @@ std::string Files::resolve(const Texte &path) {
         std::string exact = known + component;
         if (!component.empty() && ::lstat(exact.c_str(), &status) != 0) {
             const std::string folder = known.empty() ? "." : known;
-            const Texte capitals = upper(fromUtf8(component));
+            const Texte capitals = upper(fromPath(component));
             for (const bool sure : {false, true}) {
+                if (capitals.find(replacement) != Texte::npos) {
+                    break; // it stands for a character that was lost: any name might be meant
+                }
                 const auto &names = listing(folder, sure).names;
                 const auto found = names.find(capitals);
                 if (found != names.end() &&

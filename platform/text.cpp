@@ -50,18 +50,41 @@ std::optional<char32_t> nextCharacter(std::string_view bytes, std::size_t &place
     return code;
 }
 
-void appendUtf8(std::string &out, char16_t unit) {
-    if (unit < 0x80) {
-        out += static_cast<char>(unit);
-    } else if (unit < 0x800) {
-        out += static_cast<char>(0xC0 | (unit >> 6));
-        out += static_cast<char>(0x80 | (unit & 0x3F));
+void appendUtf8(std::string &out, char32_t code) {
+    const auto continued = [&out, code](int shift) {
+        out += static_cast<char>(0x80 | ((code >> shift) & 0x3F));
+    };
+    if (code < 0x80) {
+        out += static_cast<char>(code);
+    } else if (code < 0x800) {
+        out += static_cast<char>(0xC0 | (code >> 6));
+        continued(0);
+    } else if (code < 0x10000) {
+        out += static_cast<char>(0xE0 | (code >> 12));
+        continued(6);
+        continued(0);
     } else {
-        out += static_cast<char>(0xE0 | (unit >> 12));
-        out += static_cast<char>(0x80 | ((unit >> 6) & 0x3F));
-        out += static_cast<char>(0x80 | (unit & 0x3F));
+        out += static_cast<char>(0xF0 | (code >> 18));
+        continued(12);
+        continued(6);
+        continued(0);
     }
 }
+
+bool isHigh(char32_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
+bool isLow(char32_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
+
+// The character at a place, and on to the next: a pair of surrogates is one, a lone half itself.
+char32_t nextCharacter(std::u16string_view text, std::size_t &place) {
+    const char32_t first = text[place++];
+    if (isHigh(first) && place < text.size() && isLow(text[place])) {
+        return 0x10000 + ((first - 0xD800) << 10) + (text[place++] - 0xDC00);
+    }
+    return first;
+}
+
+constexpr char32_t loneByte =
+    0xDC00; // a byte of a path that is no UTF-8 stands at this plus itself
 
 bool isDigit(char16_t character) { return character >= u'0' && character <= u'9'; }
 
@@ -212,9 +235,42 @@ bool isUtf8(std::string_view bytes) {
 std::string toUtf8(std::u16string_view text) {
     std::string bytes;
     bytes.reserve(text.size() + text.size() / 4);
-    for (const char16_t unit : text) {
-        const bool surrogate = unit >= 0xD800 && unit <= 0xDFFF;
-        appendUtf8(bytes, surrogate ? replacement : unit);
+    for (std::size_t place = 0; place < text.size();) {
+        const char32_t code = nextCharacter(text, place);
+        appendUtf8(bytes, isHigh(code) || isLow(code) ? replacement : code);
+    }
+    return bytes;
+}
+
+Texte fromPath(std::string_view bytes) {
+    Texte text;
+    text.reserve(bytes.size());
+    for (std::size_t place = 0; place < bytes.size();) {
+        const std::size_t start = place;
+        const std::optional<char32_t> code = nextCharacter(bytes, place);
+        if (!code) {
+            place = start + 1; // the next byte may begin a character
+            text += static_cast<char16_t>(loneByte + static_cast<unsigned char>(bytes[start]));
+        } else if (*code > 0xFFFF) {
+            text += static_cast<char16_t>(0xD800 + ((*code - 0x10000) >> 10));
+            text += static_cast<char16_t>(0xDC00 + (*code & 0x3FF));
+        } else {
+            text += static_cast<char16_t>(*code);
+        }
+    }
+    return text;
+}
+
+std::string toPath(std::u16string_view text) {
+    std::string bytes;
+    bytes.reserve(text.size() + text.size() / 4);
+    for (std::size_t place = 0; place < text.size();) {
+        const char32_t code = nextCharacter(text, place);
+        if (code >= loneByte + 0x80 && code <= loneByte + 0xFF) {
+            bytes += static_cast<char>(code - loneByte);
+        } else {
+            appendUtf8(bytes, isHigh(code) || isLow(code) ? replacement : code);
+        }
     }
     return bytes;
 }

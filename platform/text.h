@@ -27,10 +27,16 @@ bool isControl(char16_t character);
 // Capitals without accents, a ligature as its two letters: what a text is looked up by.
 Texte plainCapitals(std::u16string_view text);
 
-// UTF-8 in and out; what is ill-formed becomes U+FFFD, what lies beyond 16 bits too.
+// UTF-8 in and out, for texts; what is ill-formed becomes U+FFFD, and on the way in what lies
+// beyond 16 bits too.
 Texte fromUtf8(std::string_view bytes);
 std::string toUtf8(std::u16string_view text);
 bool isUtf8(std::string_view bytes); // well-formed throughout
+
+// Paths in and out without loss, whatever bytes they hold: what lies beyond 16 bits is a pair of
+// surrogates, and a byte that belongs to no UTF-8 is the low surrogate U+DC00 plus that byte.
+Texte fromPath(std::string_view bytes);
+std::string toPath(std::u16string_view text);
 
 // Windows-1252 in and out; what has no place there becomes '?'.
 Texte fromAnsi(std::string_view bytes);

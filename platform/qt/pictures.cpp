@@ -3,10 +3,12 @@
 
 #include "platform/qt/tga.h"
 
-#include <QDateTime>
 #include <QFile>
-#include <QFileInfo>
 #include <QImageReader>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace grimoval {
 
@@ -30,6 +32,20 @@ constexpr QSize largestShown{1200, 1200}, largestShownFace{512, 512};
 QSize shownSize(QSize size, QSize limit) {
     const bool large = size.width() > limit.width() || size.height() > limit.height();
     return large ? size.scaled(limit, Qt::KeepAspectRatio).expandedTo({1, 1}) : size;
+}
+
+// For reading, if it is a plain file. By the bytes of its name: a QString loses those that are no
+// UTF-8.
+bool openPlain(QFile &file, const std::string &name) {
+    const int descriptor = ::open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    struct stat status {};
+    if (descriptor >= 0 && ::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode)) {
+        return file.open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle);
+    }
+    if (descriptor >= 0) {
+        ::close(descriptor);
+    }
+    return false;
 }
 
 // Of a JPEG picture; each goes over the whole of it, however few its bytes are.
@@ -62,9 +78,8 @@ QByteArray formatOf(QFile &file) {
 // A file that may be read as a picture; nothing is read of a pipe or of what is too large.
 class Source {
 public:
-    explicit Source(const QString &name) : file_(name) {
-        if (!QFileInfo(name).isFile() || !file_.open(QIODevice::ReadOnly) ||
-            file_.size() > largestFile || hasManyScans(file_)) {
+    explicit Source(const std::string &name) {
+        if (!openPlain(file_, name) || file_.size() > largestFile || hasManyScans(file_)) {
             return;
         }
         const QByteArray format = formatOf(file_);
@@ -99,9 +114,9 @@ private:
     QSize size_; // empty: it is not read
 };
 
-QImage decodeFace(const QString &name) {
-    QFile file(name);
-    if (!QFileInfo(name).isFile() || !file.open(QIODevice::ReadOnly)) {
+QImage decodeFace(const std::string &name) {
+    QFile file;
+    if (!openPlain(file, name)) {
         return {};
     }
     const QImage image = readTga(file.read(largestFaceFile), largestFace);
@@ -111,8 +126,8 @@ QImage decodeFace(const QString &name) {
                : image.scaled(shown, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
-QImage decode(const QString &name) {
-    if (name.endsWith(QStringLiteral(".tga"), Qt::CaseInsensitive)) {
+QImage decode(const std::string &name) {
+    if (upper(fromPath(name)).ends_with(u".TGA")) {
         if (const QImage image = decodeFace(name); !image.isNull()) {
             return image;
         }
@@ -129,28 +144,33 @@ Pictures::Pictures(Files &files, const Texte &dataFolder)
     QImageReader::setAllocationLimit(largestMemory);
 }
 
-const QImage &Pictures::read(const QString &file) {
-    const QFileInfo info(file);
-    const qint64 writtenAt = info.lastModified().toMSecsSinceEpoch();
+const QImage &Pictures::read(const std::string &file) {
+    struct stat status {};
+    if (::stat(file.c_str(), &status) != 0) {
+        status = {};
+    }
+    const qint64 writtenAt =
+        qint64{status.st_mtim.tv_sec} * 1000 + status.st_mtim.tv_nsec / 1'000'000;
+    const qint64 length = status.st_size;
     auto found = entries_.find(file);
-    if (found == entries_.end() || found->writtenAt != writtenAt || found->length != info.size()) {
+    if (found == entries_.end() || found->second.writtenAt != writtenAt ||
+        found->second.length != length) {
         const QImage image = decode(file);
         held_ += image.sizeInBytes();
         if (held_ > kept) {
             entries_.clear();
             held_ = image.sizeInBytes();
         }
-        found = entries_.insert(file, {writtenAt, info.size(), image});
+        found = entries_.insert_or_assign(file, Entry{writtenAt, length, image}).first;
     }
-    return found->image;
+    return found->second.image;
 }
 
 void Pictures::check(const Texte &path) {
-    const QString file = QString::fromStdString(files_.resolve(path));
-    if (!QFileInfo::exists(file)) {
+    if (!files_.exists(path)) {
         throw Failure(failure::fileNotFound);
     }
-    if (read(file).isNull()) {
+    if (read(files_.resolve(path)).isNull()) {
         throw Failure(failure::invalidPicture);
     }
 }
@@ -160,7 +180,7 @@ QImage Pictures::image(const Texte &path) {
         return {};
     }
     try {
-        return read(QString::fromStdString(files_.resolve(path)));
+        return read(files_.resolve(path));
     } catch (const Failure &) {
         return {};
     }
@@ -171,9 +191,8 @@ QImage Pictures::design(const std::string &name) {
                         : image(folder_ + u"IMAGES" + separator + fromUtf8(name) + u".png");
 }
 
-QString Pictures::backgroundFile(const std::string &name) {
-    return QString::fromStdString(
-        files_.resolve(folder_ + u"IMAGES" + separator + u"fond_" + fromUtf8(name) + u".jpg"));
+std::string Pictures::backgroundFile(const std::string &name) {
+    return files_.resolve(folder_ + u"IMAGES" + separator + u"fond_" + fromUtf8(name) + u".jpg");
 }
 
 QSize Pictures::backgroundSize(const std::string &name) {
@@ -181,7 +200,7 @@ QSize Pictures::backgroundSize(const std::string &name) {
 }
 
 namespace {
-QImage readScaled(const QString &file, QSize pixels) { return Source(file).read(pixels); }
+QImage readScaled(const std::string &file, QSize pixels) { return Source(file).read(pixels); }
 } // namespace
 
 QImage Pictures::background(const std::string &name, QSize pixels) {

@@ -4,12 +4,11 @@
 
 #include "platform/files.h"
 
-#include <QHash>
 #include <QImage>
-#include <QString>
 
 #include <future>
 #include <map>
+#include <unordered_map>
 
 namespace grimoval {
 
@@ -40,12 +39,12 @@ private:
         QSize pixels;
         std::future<QImage> image;
     };
-    const QImage &read(const QString &file);
-    QString backgroundFile(const std::string &name);
+    const QImage &read(const std::string &file);
+    std::string backgroundFile(const std::string &name);
 
     Files &files_;
     Texte folder_;
-    QHash<QString, Entry> entries_;
+    std::unordered_map<std::string, Entry> entries_;
     std::map<std::string, Foreseen> foreseen_;
     qsizetype held_ = 0; // bytes of the pictures that are kept
 };

@@ -3,31 +3,55 @@
 
 #include "platform/qt/strings.h"
 
-#include <QCoreApplication>
 #include <QDateTime>
 #include <QDesktopServices>
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QUrl>
 
 #include <chrono>
+#include <cstdlib>
+#include <filesystem>
 
 #include <cstdint>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace grimoval {
 
+// Paths are bytes here: a QString loses those that are no UTF-8.
 namespace {
+
+namespace fs = std::filesystem;
 
 // The folder of the running program itself, whatever link it was started by.
 std::string programFolder() {
-    const QFileInfo program(QCoreApplication::applicationFilePath());
-    return QFileInfo(program.canonicalFilePath()).absolutePath().toStdString();
+    std::error_code error;
+    return fs::read_symlink("/proc/self/exe", error).parent_path().string();
+}
+
+// In a process of its own that nobody waits for and that has nothing to read and nothing to say.
+void startDetached(std::string program, std::string first, std::string second) {
+    char *const words[] = {program.data(), first.data(), second.data(), nullptr};
+    const pid_t between = ::fork();
+    if (between == 0) {
+        ::setsid();
+        if (::fork() == 0) {
+            const int nothing = ::open("/dev/null", O_RDWR);
+            for (int stream = 0; stream < 3; ++stream) {
+                ::dup2(nothing, stream);
+            }
+            ::execv(words[0], words);
+        }
+        ::_exit(0);
+    }
+    if (between > 0) {
+        ::waitpid(between, nullptr, 0);
+    }
 }
 
 } // namespace
@@ -63,9 +87,10 @@ void QtDocuments::writeMail(const Texte &address) {
 
 void QtDocuments::openDocument(const Texte &path) {
     try {
-        const QString file = QString::fromStdString(files_.resolve(path));
-        if (QFileInfo(file).isFile()) {
-            QDesktopServices::openUrl(QUrl::fromLocalFile(file));
+        const std::string file = files_.resolve(path);
+        if (std::error_code error; fs::is_regular_file(file, error)) {
+            QDesktopServices::openUrl(QUrl::fromEncoded(
+                "file://" + QByteArray::fromStdString(file).toPercentEncoding("/")));
         }
     } catch (const Failure &) {
         // A document that cannot be opened is not opened.
@@ -76,17 +101,10 @@ void QtDocuments::openDocument(const Texte &path) {
 // shows.
 void QtDocuments::showHelp(const Texte &path, const Texte &keyword) {
     try {
-        const QString file = QString::fromStdString(files_.resolve(path));
-        if (!QFileInfo(file).isFile()) {
-            return;
+        const std::string file = files_.resolve(path);
+        if (std::error_code error; fs::is_regular_file(file, error)) {
+            startDetached(helpViewerFor(programFolder()), file, toUtf8(keyword));
         }
-        QProcess viewer;
-        viewer.setProgram(QString::fromStdString(helpViewerFor(programFolder())));
-        viewer.setArguments({file, toQt(keyword)});
-        viewer.setStandardInputFile(QProcess::nullDevice());
-        viewer.setStandardOutputFile(QProcess::nullDevice());
-        viewer.setStandardErrorFile(QProcess::nullDevice());
-        viewer.startDetached();
     } catch (const Failure &) {
         // Help that cannot be found is not shown.
     }
@@ -95,11 +113,11 @@ void QtDocuments::showHelp(const Texte &path, const Texte &keyword) {
 // Beside the game, or where an installed tree keeps what no person starts.
 std::string QtDocuments::helpViewerFor(const std::string &programFolder) {
     const std::string own = programFolder + "/grimoval-aide";
-    const QFileInfo installed(
-        QString::fromStdString(programFolder + "/../libexec/grimoval/grimoval-aide"));
-    return QFileInfo::exists(QString::fromStdString(own)) || !installed.isFile()
+    const fs::path installed = programFolder + "/../libexec/grimoval/grimoval-aide";
+    std::error_code error;
+    return fs::exists(own, error) || !fs::is_regular_file(installed, error)
                ? own
-               : installed.canonicalFilePath().toStdString();
+               : fs::canonical(installed, error).string();
 }
 
 QtApplication::~QtApplication() {
@@ -132,25 +150,38 @@ bool QtApplication::previousInstance() {
 }
 
 std::string QtApplication::dataFolderFor(const std::string &programFolder) {
-    const QString own = QString::fromStdString(programFolder);
-    const QStringList bases =
-        QDir(own).entryList({QStringLiteral("mask")}, QDir::Dirs | QDir::NoDotAndDotDot);
-    if (!bases.isEmpty()) { // case-blind, as name filters are
+    if (Files().folderExists(fromPath(programFolder) + separator + u"MASK")) {
         return programFolder;
     }
-    const QFileInfo shared(own + QStringLiteral("/../share/games/grimoval"));
-    return shared.isDir() ? shared.canonicalFilePath().toStdString() : programFolder;
+    const fs::path shared = programFolder + "/../share/games/grimoval";
+    std::error_code error;
+    return fs::is_directory(shared, error) ? fs::canonical(shared, error).string() : programFolder;
 }
 
-Texte QtApplication::path() { return fromUtf8(dataFolderFor(programFolder())); }
+Texte QtApplication::path() { return fromPath(dataFolderFor(programFolder())); }
 
+// Where the desktops agree that it is. A path that is not absolute counts for none there.
 std::optional<Texte> QtApplication::userDataFolder() {
-    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    const auto placeOf = [](const char *name) {
+        const char *value = std::getenv(name);
+        const fs::path place = value == nullptr ? "" : value;
+        return place.is_absolute() ? place : fs::path();
+    };
+    fs::path folder = placeOf("XDG_DATA_HOME");
+    if (folder.empty()) {
+        folder = placeOf("HOME");
+        if (folder.empty()) {
+            return std::nullopt;
+        }
+        folder /= ".local/share";
+    }
     // A new account may have no such place yet; one that cannot be made is none.
-    if (folder.isEmpty() || !QDir().mkpath(folder)) {
+    std::error_code error;
+    fs::create_directories(folder, error);
+    if (!fs::is_directory(folder, error)) {
         return std::nullopt;
     }
-    return fromQt(folder);
+    return fromPath(folder.string());
 }
 
 } // namespace grimoval

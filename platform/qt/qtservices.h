@@ -38,7 +38,6 @@ private:
     Files &files_;
 };
 
-// Needs a QCoreApplication.
 class QtApplication : public Application {
 public:
     ~QtApplication() override;

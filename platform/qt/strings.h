@@ -8,9 +8,8 @@
 
 namespace grimoval {
 
-inline QString toQt(const Texte &text) {
-    return QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size()));
-}
+// To be shown: what a path alone can hold becomes U+FFFD.
+inline QString toQt(const Texte &text) { return QString::fromStdString(toUtf8(text)); }
 
 // What lies beyond 16 bits becomes U+FFFD, one for each character.
 inline Texte fromQt(const QString &text) {

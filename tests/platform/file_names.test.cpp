@@ -123,6 +123,69 @@ TEST_F(FileNamesTest, AFileRenamedWithinOneTickOfTheFoldersClockIsFound) {
     EXPECT_EQ(files.read(at(u"BASE.DBS")), "1");
 }
 
+// Names of one length that differ in what is no letter of 16 bits, and in bytes that are no UTF-8.
+const std::string oddNames[] = {
+    "\xF0\x9F\x98\x80", "\xF0\x9F\x90\xB1", "\xE9", "\xE8", "\xE2\x82", "\xFF", "\xEF\xBF\xBD"};
+
+TEST_F(FileNamesTest, OddBytesNameTheirFileAndNoOtherForEveryOperation) {
+    for (const std::string &name : oddNames) {
+        files.makeFolder(at(fromPath(name)));
+        files.replace(at(fromPath(name) + u"/Fichier"), name);
+    }
+    for (const std::string &name : oddNames) {
+        SCOPED_TRACE(testing::PrintToString(name));
+        const Texte path = at(fromPath(name) + u"/FICHIER");
+        EXPECT_EQ(files.read(path), name);
+        EXPECT_EQ(RecordFile(files, path, 1).count(), static_cast<std::int64_t>(name.size()));
+        AppendFile(files, path).write("+");
+        EXPECT_EQ(files.length(path), static_cast<std::int64_t>(name.size()) + 1);
+    }
+}
+
+TEST_F(FileNamesTest, OddBytesThatAreMissingAreNoOtherOddOnes) {
+    for (const std::string &there : oddNames) {
+        for (const std::string &wanted : oddNames) {
+            if (there == wanted) {
+                continue;
+            }
+            SCOPED_TRACE(testing::PrintToString(there) + testing::PrintToString(wanted));
+            folder.write(fromPath(there), "x");
+            EXPECT_FALSE(files.exists(at(fromPath(wanted))));
+            EXPECT_EQ(failureNumber([&] { files.read(at(fromPath(wanted))); }),
+                      failure::fileNotFound);
+            files.remove(at(fromPath(there)));
+        }
+    }
+}
+
+TEST_F(FileNamesTest, OddBytesAreListedAndOpenedByTheirListing) {
+    for (const std::string &name : oddNames) {
+        folder.write(fromPath(name) + u".dbs", name);
+    }
+    const auto names = files.list(folder.path(), u"*.DBS");
+    ASSERT_EQ(names.size(), std::size(oddNames));
+    for (const Texte &name : names) {
+        EXPECT_EQ(files.read(at(name)) + ".dbs", toPath(name));
+        EXPECT_EQ(insideFolder(name), name);
+    }
+    EXPECT_EQ(files.read(at(fromPath("\xE9.DBS"))), "\xE9"); // in another case
+}
+
+TEST_F(FileNamesTest, WithASignForALostCharacterAreExactOrNone) {
+    folder.write(u"a\uFFFDb", "x");
+    EXPECT_TRUE(files.exists(at(u"a\uFFFDb")));
+    EXPECT_FALSE(files.exists(at(u"A\uFFFDB")));
+}
+
+TEST_F(FileNamesTest, ThatNoPathReadsAsAre52) {
+    for (const Texte &name : {Texte{0xD83D}, Texte{0xDE00}, Texte{0xDC41}, Texte{0xDCC3, 0xDCA9}}) {
+        EXPECT_EQ(failureNumber([&] { files.read(at(name)); }), failure::badFileNameOrNumber);
+        EXPECT_EQ(failureNumber([&] { files.replace(at(name), ""); }),
+                  failure::badFileNameOrNumber);
+    }
+    EXPECT_TRUE(folder.list().empty());
+}
+
 TEST_F(FileNamesTest, AMissingFileIsMadeUnderTheNameAsItIsGiven) {
     RecordFile(files, at(u"Nouvelle.Dbs"), 84);
     files.replace(at(u"Autre.Txt"), "");

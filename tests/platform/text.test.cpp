@@ -108,6 +108,52 @@ RC_GTEST_PROP(Utf8, AnyBytesReadAsAWellFormedText, (const std::string &bytes)) {
     RC_ASSERT(fromUtf8(toUtf8(text)) == text);
 }
 
+TEST(Utf8, WritesAPairOfSurrogatesAsTheCharacterThatItIs) {
+    EXPECT_EQ(toUtf8(Texte{u'a', 0xD83D, 0xDE00, u'b'}), "a\xF0\x9F\x98\x80"
+                                                         "b");
+    EXPECT_EQ(toUtf8(Texte{0xDBFF, 0xDFFF}), "\xF4\x8F\xBF\xBF");
+}
+
+TEST(PathText, IsThatOfItsUtf8AndHoldsEachOtherByteByItself) {
+    const Utf8Row rows[] = {
+        {"/home/\xC3\x89lodie", u"/home/Élodie"},
+        {"\xF0\x9F\x98\x80z", Texte{0xD83D, 0xDE00, u'z'}},
+        {"\xEF\xBF\xBD", u"\uFFFD"},
+        {"\xC9lodie", Texte{0xDCC9, u'l', u'o', u'd', u'i', u'e'}}, // Windows-1252
+        {"\xE2\x82z", Texte{0xDCE2, 0xDC82, u'z'}},                 // cut
+        {"\xED\xA0\x80", Texte{0xDCED, 0xDCA0, 0xDC80}},            // half a pair
+        {"\xC3\xC3\xA9", Texte{0xDCC3, u'é'}},                      // the next begins a character
+    };
+    for (const Utf8Row &row : rows) {
+        EXPECT_EQ(fromPath(row.bytes), row.text) << testing::PrintToString(row.bytes);
+        EXPECT_EQ(toPath(row.text), row.bytes) << testing::PrintToString(row.bytes);
+    }
+}
+
+TEST(PathText, CanBeShownWithASignForWhatIsNoCharacter) {
+    EXPECT_EQ(toUtf8(fromPath("/home/\xC9lodie \xF0\x9F\x98\x80")),
+              "/home/\xEF\xBF\xBDlodie \xF0\x9F\x98\x80");
+}
+
+RC_GTEST_PROP(PathText, OfAnyBytesGivesTheBytesBack, (const std::vector<std::uint8_t> &codes)) {
+    const std::string bytes(codes.begin(), codes.end());
+    RC_ASSERT(toPath(fromPath(bytes)) == bytes);
+}
+
+// Bytes that come close to being characters.
+RC_GTEST_PROP(PathText, OfHalvesOfCharactersGivesTheBytesBack, ()) {
+    const auto bytes = *rc::gen::container<std::string>(rc::gen::elementOf(
+        std::string("a/\x80\x82\x8F\x90\x9F\xA0\xA9\xBF\xC3\xE0\xE2\xED\xEF\xF0\xF4\xF8\xFF")));
+    RC_ASSERT(toPath(fromPath(bytes)) == bytes);
+    RC_CLASSIFY(isUtf8(bytes), "well-formed");
+}
+
+RC_GTEST_PROP(PathText, OfTwoNamesIsTheSameForEqualBytesAlone,
+              (const std::vector<std::uint8_t> &one, const std::vector<std::uint8_t> &other)) {
+    const std::string left(one.begin(), one.end()), right(other.begin(), other.end());
+    RC_ASSERT((fromPath(left) == fromPath(right)) == (left == right));
+}
+
 // The bytes 80 to 9F; the others are the character of their own code.
 constexpr char16_t middleOfTheTable[32] = {
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, // 80 to 87

@@ -63,6 +63,7 @@ public:
     Environment(const Environment &) = delete;
     Environment &operator=(const Environment &) = delete;
     void set(const std::string &value) const { qputenv(name_, QByteArray::fromStdString(value)); }
+    void unset() const { qunsetenv(name_); }
 
 private:
     const char *name_;
@@ -145,19 +146,40 @@ TEST(Services, TheHelpViewerLiesBesideTheProgramOrInTheLibexecFolderOfAnInstalle
     EXPECT_EQ(viewerOf(u"a/games"), folder.bytePath(u"a/games/grimoval-aide"));
 }
 
-TEST(Services, TheUsersFolderIsTheSystemsOwnAndIsMadeForANewAccount) {
-    const Environment place("XDG_DATA_HOME");
+struct UsersFolder : testing::Test {
     TemporaryFolder folder;
-    const std::string own = folder.bytePath(u"ailleurs/données d'Élodie");
-    place.set(own);
+    const Environment home{"HOME"}, data{"XDG_DATA_HOME"};
     QtApplication application;
-    ASSERT_TRUE(application.userDataFolder().has_value());
-    EXPECT_EQ(toUtf8(*application.userDataFolder()), own);
-    EXPECT_EQ(folder.list(), (std::vector<std::string>{"ailleurs/", "ailleurs/données d'Élodie/"}));
-    // Where it cannot be made there is none.
-    folder.write(u"fichier", "");
-    place.set(folder.bytePath(u"fichier/dessous"));
+};
+
+const std::string homes[] = {"données d'Élodie", "\xF0\x9F\x90\xB1 chat", "\xC9lodie", "  ", "a/b"};
+
+TEST_F(UsersFolder, IsTheSystemsOwnByteForByteAndIsMade) {
+    for (const std::string &name : homes) {
+        SCOPED_TRACE(testing::PrintToString(name));
+        const std::string place = folder.bytePath(fromPath(name));
+        data.set(place);
+        ASSERT_TRUE(application.userDataFolder().has_value());
+        EXPECT_EQ(toPath(*application.userDataFolder()), place);
+        EXPECT_TRUE(folder.exists(fromPath(name)));
+        data.unset();
+        home.set(place);
+        ASSERT_TRUE(application.userDataFolder().has_value());
+        EXPECT_EQ(toPath(*application.userDataFolder()), place + "/.local/share");
+        EXPECT_TRUE(folder.exists(fromPath(name) + u"/.local/share"));
+    }
+}
+
+TEST_F(UsersFolder, IsNoneWithoutAHomeOrWhereItCannotBe) {
+    data.set("relative");
+    home.unset();
     EXPECT_FALSE(application.userDataFolder().has_value());
+    home.set("");
+    EXPECT_FALSE(application.userDataFolder().has_value());
+    folder.write(u"fichier", "");
+    home.set(folder.bytePath(u"fichier"));
+    EXPECT_FALSE(application.userDataFolder().has_value());
+    EXPECT_EQ(folder.list(), std::vector<std::string>{"fichier"});
 }
 
 } // namespace

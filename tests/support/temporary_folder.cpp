@@ -22,12 +22,12 @@ TemporaryFolder::TemporaryFolder() {
     }
     // A test that plays an ordinary user must get in.
     fs::permissions(pattern, fs::perms(0755));
-    path_ = fromUtf8(pattern);
+    path_ = fromPath(pattern);
 }
 
 TemporaryFolder::~TemporaryFolder() {
     // A process of the test that has just been ended may still write a last file into it.
-    const fs::path folder = toUtf8(path_);
+    const fs::path folder = toPath(path_);
     std::error_code error;
     for (int attempt = 0; attempt < 100; ++attempt) {
         fs::remove_all(folder, error);
@@ -40,7 +40,7 @@ TemporaryFolder::~TemporaryFolder() {
 
 Texte TemporaryFolder::path(const Texte &name) const { return path_ + u'/' + name; }
 
-std::string TemporaryFolder::bytePath(const Texte &name) const { return toUtf8(path(name)); }
+std::string TemporaryFolder::bytePath(const Texte &name) const { return toPath(path(name)); }
 
 void TemporaryFolder::write(const Texte &name, const std::string &bytes) const {
     const fs::path file = bytePath(name);
@@ -66,7 +66,7 @@ std::string TemporaryFolder::read(const Texte &name) const {
 bool TemporaryFolder::exists(const Texte &name) const { return fs::exists(bytePath(name)); }
 
 std::vector<std::string> TemporaryFolder::list() const {
-    const fs::path root = toUtf8(path_);
+    const fs::path root = toPath(path_);
     std::vector<std::string> names;
     for (const fs::directory_entry &entry : fs::recursive_directory_iterator(root)) {
         names.push_back(entry.path().lexically_relative(root).string() +

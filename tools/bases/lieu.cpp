@@ -13,7 +13,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-Texte enTexte(const fs::path &chemin) { return fromUtf8(chemin.string()); }
+Texte enTexte(const fs::path &chemin) { return fromPath(chemin.string()); }
 
 } // namespace
 

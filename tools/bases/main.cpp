@@ -117,7 +117,7 @@ int main(int nombre, char **arguments) {
     ::umask(::umask(0) & 022);
     Appel appel{{}, {}, u"grimbases", std::cout, std::cerr};
     for (int i = 1; i < nombre; ++i) {
-        appel.mots.push_back(fromUtf8(arguments[i]));
+        appel.mots.push_back(fromPath(arguments[i]));
         appel.ligne += u" " + motDeLigne(appel.mots.back());
     }
     try {
