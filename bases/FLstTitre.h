@@ -29,6 +29,7 @@ public:
     bool ErreurListe = false;
     Texte NomFichierCourant;          // of the record in hand, in capitals, with its extension
     Texte FichierChoisi, TitreChoisi; // of the selected entry
+    TypeBase EnregBase;               // the record that was read last, over all openings
 
 protected:
     void Form_Load() override;
@@ -41,7 +42,7 @@ private:
     void traiterErreurListe(int numero);
     void verifierListe();
     void AvertirListe();
-    void examiner(const TypeBase &EnregBase, bool present, std::vector<Texte> &entrees);
+    void examiner(bool present, std::vector<Texte> &entrees);
 
     FMenu &menu_;
 };

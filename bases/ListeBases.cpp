@@ -136,22 +136,34 @@ void FLstTitre::verifierListe() {
         return;
     }
     NomsLibres libres(LstFichier.Items);
+    std::optional<WorkFile> travail;
     std::optional<RecordFile> catalogue;
-    etape([&] { fichiers.copy(liste, copie); });
-    etape([&] { catalogue.emplace(fichiers, copie, TypeBase::taille); });
+    etape([&] {
+        const std::string octets = fichiers.read(liste);
+        travail.emplace(fichiers, copie);
+        travail->write(octets);
+    });
+    etape([&] {
+        if (!travail) { // its opening makes a missing copy
+            travail.emplace(fichiers, copie);
+        }
+        catalogue.emplace(travail->records(TypeBase::taille));
+    });
+    const auto enleverCopie = [&] {
+        catalogue.reset();
+        etape([&] { travail ? travail->remove() : fichiers.remove(copie); });
+    };
 
     // The failure exit: the copy goes, and the program with it.
     const auto arreterSiErreur = [&] {
         if (ErreurListe) {
-            catalogue.reset();
-            etape([&] { fichiers.remove(copie); });
+            enleverCopie();
             g.services.application.end();
         }
     };
     arreterSiErreur();
 
     Int16 nombre;
-    TypeBase EnregBase;
     const auto lire = [&](int numero) {
         etape([&] {
             if (!catalogue) {
@@ -180,15 +192,14 @@ void FLstTitre::verifierListe() {
         if (libres.vide()) {
             break;
         }
-        examiner(EnregBase, libres.prendre(NomFichierCourant), entrees);
+        examiner(libres.prendre(NomFichierCourant), entrees);
         arreterSiErreur();
     }
     TmpLstFich.Items = libres.reste();
     sortFrench(entrees);
     LstTitre.Items = entrees;
 
-    catalogue.reset();
-    etape([&] { fichiers.remove(copie); });
+    enleverCopie();
     if (ListeOk) {
         LstTitre.ListIndex = 0;
         return;
@@ -199,7 +210,7 @@ void FLstTitre::verifierListe() {
     g.services.application.end();
 }
 
-void FLstTitre::examiner(const TypeBase &EnregBase, bool present, std::vector<Texte> &entrees) {
+void FLstTitre::examiner(bool present, std::vector<Texte> &entrees) {
     if (EnregBase.Actif == 0 ? present : !present) {
         AvertirListe();
         return;

@@ -1,132 +1,60 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/files.h"
+#include "platform/file_calls.h"
 
-#include <algorithm>
-#include <array>
 #include <cerrno>
 #include <ctime>
 #include <fcntl.h>
-#include <sys/stat.h>
+#include <filesystem>
 #include <unistd.h>
-#include <utility>
 
 namespace grimoval {
 
+using namespace calls;
+
 namespace {
 
-[[noreturn]] void fail(int systemError) { throw Failure(failureOf(systemError)); }
+constexpr const char16_t *ownNames = u"~*"; // what they add
 
-// A descriptor that closes itself.
-class Descriptor {
-public:
-    explicit Descriptor(int value) : value_(value) {}
-    ~Descriptor() {
-        if (value_ >= 0) {
-            ::close(value_);
+// The file that a name stands for, be it there or not, behind all its links.
+std::string behindLinks(std::string name) {
+    namespace fs = std::filesystem;
+    for (int links = 0; links < 40; ++links) {
+        std::error_code none;
+        const fs::path target = fs::read_symlink(name, none);
+        if (none) {
+            return name;
         }
+        name = (fs::path(name).parent_path() / target).string();
     }
-    Descriptor(const Descriptor &) = delete;
-    Descriptor &operator=(const Descriptor &) = delete;
-    operator int() const { return value_; }
-
-private:
-    int value_;
-};
-
-void writeAll(int descriptor, const char *bytes, std::size_t size) {
-    while (size > 0) {
-        const ssize_t written = ::write(descriptor, bytes, size);
-        if (written < 0) {
-            if (errno == EINTR) {
-                continue;
-            }
-            fail(errno);
-        }
-        bytes += written;
-        size -= static_cast<std::size_t>(written);
-    }
+    throw Failure(failure::pathNotFound);
 }
 
-// Nothing that the program reads whole comes near this size; a larger file is not one of ours.
-constexpr std::size_t largestFile = 64u << 20; // bytes
-
-std::string readAll(int descriptor) {
-    std::string content;
-    std::array<char, 65536> block{};
-    for (;;) {
-        const ssize_t got = ::read(descriptor, block.data(), block.size());
-        if (got < 0) {
-            if (errno == EINTR) {
-                continue;
-            }
-            fail(errno);
+// Where no call gives a name only if it is free: the shared folders of a network.
+bool linkToFreeName(const std::string &from, const std::string &to) {
+    struct stat moved {};
+    if (::link(from.c_str(), to.c_str()) != 0) {
+        if (errno == EEXIST) {
+            return false;
         }
-        if (got == 0) {
-            return content;
+        // A disk without links has no neighbours either.
+        if (::lstat(to.c_str(), &moved) == 0) {
+            return false;
         }
-        if (content.size() > largestFile) {
-            throw Failure(failure::outOfMemory);
+        if (::rename(from.c_str(), to.c_str()) != 0) {
+            failForPath(from, errno);
         }
-        content.append(block.data(), static_cast<std::size_t>(got));
+        return true;
     }
-}
-
-constexpr std::size_t blockLength = 16384; // bytes
-
-// A folder or file that stands in the way of a path reads as "path not found".
-void failForPath(const std::string &path, int systemError) {
-    if (systemError == ENOENT) {
-        const auto slash = path.find_last_of('/');
-        struct stat status {};
-        if (slash != std::string::npos && slash > 0 &&
-            ::stat(path.substr(0, slash).c_str(), &status) != 0) {
-            throw Failure(failure::pathNotFound);
+    // The old name goes, unless another game has given it to a new file meanwhile.
+    const std::string aside = ownName(from);
+    struct stat taken {};
+    if (::rename(from.c_str(), aside.c_str()) == 0 && ::lstat(aside.c_str(), &taken) == 0 &&
+        ::lstat(to.c_str(), &moved) == 0) {
+        if (isSameFile(taken, moved) || ::link(aside.c_str(), from.c_str()) == 0) {
+            ::unlink(aside.c_str());
         }
     }
-    fail(systemError);
-}
-
-constexpr int alwaysFlags = O_CLOEXEC | O_NONBLOCK;
-
-// Plain files only: a pipe or a device in a file's place would keep the program waiting.
-int openOrFail(const std::string &path, int flags) {
-    const int descriptor = ::open(path.c_str(), flags | alwaysFlags, 0666);
-    if (descriptor < 0) {
-        failForPath(path, errno);
-    }
-    struct stat status {};
-    if (::fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode)) {
-        ::close(descriptor);
-        throw Failure(failure::pathAccess);
-    }
-    return descriptor;
-}
-
-// What a killed game has left of a file's new content, if nobody can be at it any more.
-void removeStale(const std::string &fresh) {
-    constexpr std::time_t longest = 60; // seconds
-    struct stat status {};
-    if (::lstat(fresh.c_str(), &status) == 0 && std::time(nullptr) - status.st_mtime > longest) {
-        ::unlink(fresh.c_str());
-    }
-}
-
-// Where the new content of a file is written before it takes the file's place; answers the
-// descriptor and the path. Another game on the same account may be writing there at this moment:
-// then it is a place of this process's own.
-std::pair<int, std::string> openFresh(const std::string &name) {
-    constexpr int flags = O_WRONLY | O_CREAT;
-    std::string fresh = name + "~";
-    removeStale(fresh);
-    try {
-        return {openOrFail(fresh, flags | O_EXCL), fresh};
-    } catch (const Failure &taken) {
-        if (taken.number != failure::fileAlreadyExists) {
-            throw;
-        }
-    }
-    fresh += std::to_string(::getpid());
-    return {openOrFail(fresh, flags | O_TRUNC), fresh};
+    return true;
 }
 
 struct stat statusOrFail(const std::string &path) {
@@ -138,155 +66,6 @@ struct stat statusOrFail(const std::string &path) {
 }
 
 } // namespace
-
-int failureOf(int systemError) {
-    struct Row {
-        int systemError;
-        int number;
-    };
-    static constexpr Row rows[] = {
-        {ENOENT, failure::fileNotFound},
-        {ENOTDIR, failure::pathNotFound},
-        {ELOOP, failure::pathNotFound},
-        {EACCES, failure::permissionDenied},
-        {EPERM, failure::permissionDenied},
-        {EROFS, failure::pathAccess},
-        {EISDIR, failure::pathAccess},
-        {ENOTEMPTY, failure::pathAccess},
-        {EEXIST, failure::fileAlreadyExists},
-        {EBUSY, failure::fileAlreadyOpen},
-        {ETXTBSY, failure::fileAlreadyOpen},
-        {ENOSPC, failure::diskFull},
-        {EDQUOT, failure::diskFull},
-        {EFBIG, failure::diskFull},
-        {EIO, failure::deviceError},
-        {ENXIO, failure::deviceUnavailable},
-        {ENODEV, failure::deviceUnavailable},
-        {ESTALE, failure::deviceUnavailable},
-        {EHOSTDOWN, failure::deviceUnavailable},
-        {ENOMEDIUM, failure::diskNotReady},
-        {ENAMETOOLONG, failure::badFileNameOrNumber},
-        {EINVAL, failure::badFileNameOrNumber},
-        {EILSEQ, failure::badFileName},
-        {EMFILE, failure::tooManyFiles},
-        {ENFILE, failure::tooManyFiles},
-    };
-    for (const Row &row : rows) {
-        if (row.systemError == systemError) {
-            return row.number;
-        }
-    }
-    return failure::deviceError;
-}
-
-RecordFile::RecordFile(Files &files, const Texte &path, int recordLength)
-    : descriptor_(-1), recordLength_(recordLength) {
-    const std::string name = files.resolve(path);
-    descriptor_ = ::open(name.c_str(), O_RDWR | alwaysFlags);
-    if (descriptor_ < 0 && errno == ENOENT) {
-        descriptor_ = ::open(name.c_str(), O_RDWR | O_CREAT | alwaysFlags, 0666);
-        if (descriptor_ >= 0) {
-            files.stamp(descriptor_);
-        }
-    }
-    if (descriptor_ < 0) {
-        const int writing = errno;
-        if (writing == EACCES || writing == EPERM || writing == EROFS) {
-            descriptor_ = ::open(name.c_str(), O_RDONLY | alwaysFlags);
-        }
-        if (descriptor_ < 0) {
-            failForPath(name, writing);
-        }
-    }
-    struct stat status {};
-    if (::fstat(descriptor_, &status) != 0 || !S_ISREG(status.st_mode)) {
-        ::close(descriptor_);
-        throw Failure(failure::pathAccess);
-    }
-}
-
-RecordFile::~RecordFile() {
-    if (descriptor_ >= 0) {
-        ::close(descriptor_);
-    }
-}
-
-RecordFile::RecordFile(RecordFile &&other) noexcept
-    : descriptor_(std::exchange(other.descriptor_, -1)), recordLength_(other.recordLength_),
-      block_(std::move(other.block_)), blockPlace_(other.blockPlace_) {}
-
-std::int64_t RecordFile::count() const {
-    struct stat status {};
-    if (::fstat(descriptor_, &status) != 0) {
-        fail(errno);
-    }
-    return status.st_size / recordLength_;
-}
-
-std::string RecordFile::read(std::int64_t number) const {
-    if (number < 1) {
-        throw Failure(failure::badRecordNumber);
-    }
-    const std::int64_t place = (number - 1) * recordLength_;
-    const auto inBlock = [this, place] {
-        return place >= blockPlace_ &&
-               place + recordLength_ <= blockPlace_ + static_cast<std::int64_t>(block_.size());
-    };
-    if (!inBlock()) {
-        readBlock(place);
-    }
-    if (!inBlock()) {
-        throw Failure(failure::inputPastEnd);
-    }
-    return block_.substr(static_cast<std::size_t>(place - blockPlace_),
-                         static_cast<std::size_t>(recordLength_));
-}
-
-// One record at least, as far as there are so many bytes.
-void RecordFile::readBlock(std::int64_t place) const {
-    const auto record = static_cast<std::size_t>(recordLength_);
-    block_.resize(std::max(record, blockLength));
-    blockPlace_ = place;
-    std::size_t done = 0;
-    while (done < record) {
-        const ssize_t got = ::pread(descriptor_, block_.data() + done, block_.size() - done,
-                                    static_cast<off_t>(place + static_cast<std::int64_t>(done)));
-        if (got < 0 && errno == EINTR) {
-            continue;
-        }
-        if (got <= 0) {
-            const int error = errno;
-            block_.clear();
-            if (got < 0) {
-                fail(error);
-            }
-            return;
-        }
-        done += static_cast<std::size_t>(got);
-    }
-    block_.resize(done);
-}
-
-AppendFile::AppendFile(Files &files, const Texte &path) : files_(files) {
-    const bool there = files.exists(path);
-    descriptor_ = openOrFail(files.resolve(path), O_WRONLY | O_CREAT | O_APPEND);
-    if (!there) {
-        files.stamp(descriptor_);
-    }
-}
-
-AppendFile::~AppendFile() { ::close(descriptor_); }
-
-void AppendFile::write(const std::string &bytes) {
-    writeAll(descriptor_, bytes.data(), bytes.size());
-    files_.stamp(descriptor_);
-}
-
-void AppendFile::flush() {
-    if (::fsync(descriptor_) != 0) {
-        fail(errno);
-    }
-}
 
 bool Files::exists(const Texte &path) {
     struct stat status {};
@@ -347,7 +126,7 @@ void Files::remove(const Texte &path) {
 
 void Files::copy(const Texte &from, const Texte &to) {
     const Descriptor source(openOrFail(resolve(from), O_RDONLY));
-    const std::string content = readAll(source);
+    const std::string content = readAll(source, largestFile);
     const Descriptor target(openOrFail(resolve(to), O_WRONLY | O_CREAT | O_TRUNC));
     writeAll(target, content.data(), content.size());
     stamp(target);
@@ -363,16 +142,33 @@ void Files::move(const Texte &from, const Texte &to) {
     }
 }
 
-std::string Files::read(const Texte &path) {
-    const Descriptor file(openOrFail(resolve(path), O_RDONLY));
-    return readAll(file);
+bool Files::moveToFreeName(const Texte &from, const Texte &to) {
+    const std::string name = resolve(from), fresh = resolve(to);
+    if (::renameat2(AT_FDCWD, name.c_str(), AT_FDCWD, fresh.c_str(), RENAME_NOREPLACE) == 0) {
+        return true;
+    }
+    if (errno == EINVAL || errno == ENOSYS) {
+        return linkToFreeName(name, fresh);
+    }
+    if (errno != EEXIST) {
+        failForPath(name, errno);
+    }
+    return false;
 }
 
-void Files::replace(const Texte &path, const std::string &bytes) {
-    const std::string name = resolve(path);
-    const auto [descriptor, fresh] = openFresh(name);
+std::string Files::read(const Texte &path, std::size_t most) {
+    const Descriptor file(openOrFail(resolve(path), O_RDONLY));
+    return readAll(file, most);
+}
+
+void Files::replaceAt(const std::string &name, const std::string &bytes,
+                      std::optional<unsigned> permissions) {
+    const auto [descriptor, fresh] = openNew(ownName(name), name);
     try {
         const Descriptor file(descriptor);
+        if (permissions) {
+            ::fchmod(file, *permissions); // of a disk without them they are as they are
+        }
         writeAll(file, bytes.data(), bytes.size());
         stamp(file);
         if (::fsync(file) != 0) {
@@ -386,6 +182,40 @@ void Files::replace(const Texte &path, const std::string &bytes) {
         const int error = errno;
         ::unlink(fresh.c_str());
         fail(error);
+    }
+}
+
+void Files::replace(const Texte &path, const std::string &bytes) {
+    replaceAt(resolve(path), bytes, {});
+}
+
+void Files::rewrite(const Texte &path, const std::string &bytes) {
+    const std::string name = behindLinks(resolve(path));
+    struct stat status {};
+    std::optional<unsigned> permissions;
+    if (::stat(name.c_str(), &status) == 0) {
+        // By the permissions, too: the administrator may write everything.
+        if ((status.st_mode & 0222) == 0) {
+            throw Failure(failure::permissionDenied);
+        }
+        const Descriptor writable(openOrFail(name, O_WRONLY));
+        permissions = status.st_mode & 07777;
+    }
+    replaceAt(name, bytes, permissions);
+}
+
+void Files::removeLeftOver(const Texte &folder, const Texte &pattern) {
+    constexpr std::time_t longest = 3600; // seconds
+    struct stat changed {}; // by the clock of the disk, which may be another machine's
+    if (::stat(resolve(folder).c_str(), &changed) != 0) {
+        return;
+    }
+    for (const Texte &name : list(folder, pattern + ownNames)) {
+        const std::string path = resolve(asFolder(folder) + name);
+        struct stat status {};
+        if (::lstat(path.c_str(), &status) == 0 && changed.st_mtime - status.st_mtime > longest) {
+            ::unlink(path.c_str());
+        }
     }
 }
 

@@ -9,8 +9,10 @@
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace grimoval {
@@ -54,12 +56,35 @@ public:
     std::string read(std::int64_t number) const;
 
 private:
+    friend class WorkFile;
+    RecordFile(int descriptor, int recordLength, std::string content);
     void readBlock(std::int64_t place) const;
 
     int descriptor_;
     int recordLength_;
     mutable std::string block_; // the bytes from a place on: records are mostly read in order
     mutable std::int64_t blockPlace_ = 0;
+};
+
+// A file for a work in hand. It is new and empty: where one of its name is there, which another
+// game may be using, it takes a name of its own beside it. Closed when it goes.
+class WorkFile {
+public:
+    WorkFile(Files &files, const Texte &path);
+    ~WorkFile();
+    WorkFile(const WorkFile &) = delete;
+    WorkFile &operator=(const WorkFile &) = delete;
+
+    void write(const std::string &bytes); // once, the whole; on the disk when it returns
+    // What has been written, also if another removes the file meanwhile.
+    RecordFile records(int recordLength) const;
+    // One that another has removed, or has put in its place, is left alone.
+    void remove();
+
+private:
+    Files &files_;
+    std::pair<int, std::string> opened_; // the descriptor and the path
+    std::string written_;
 };
 
 // A file that only grows. Creates a missing one. Closed when it goes.
@@ -80,6 +105,9 @@ private:
 
 class Files {
 public:
+    // Bytes. Nothing that is read whole comes near this size; a larger file is not one of ours.
+    static constexpr std::size_t largestFile = 64u << 20;
+
     bool exists(const Texte &path);
     bool folderExists(const Texte &path);
     void makeFolder(const Texte &path);     // one level
@@ -88,9 +116,19 @@ public:
     void remove(const Texte &path);
     void copy(const Texte &from, const Texte &to); // replaces; on the disk when it returns
     void move(const Texte &from, const Texte &to); // in one folder, at one stroke; replaces
-    std::string read(const Texte &path);           // the whole file
-    // Puts a whole new content in the place of a file, or leaves the old one whole.
+    // The same, but false where a file of the new name is there; both stay then.
+    bool moveToFreeName(const Texte &from, const Texte &to);
+    // The whole file; failure 7 for one of more bytes.
+    std::string read(const Texte &path, std::size_t most = largestFile);
+    // Puts a whole new content in the place of a file, or leaves the old one whole. A link gives
+    // way.
     void replace(const Texte &path, const std::string &bytes);
+    // The same for a file that a person may have arranged: it keeps its permissions, failure 70
+    // where they do not permit writing, and a link is followed.
+    void rewrite(const Texte &path, const std::string &bytes);
+    // Removes what killed games have left under names of their own beside the files of a folder
+    // that fit a pattern. What is younger than an hour may be in use.
+    void removeLeftOver(const Texte &folder, const Texte &pattern);
     // What was created, renamed or removed in a folder is on the disk when it returns.
     void flushFolder(const Texte &folder);
     // Names of the plain files that fit a pattern ('*' and '?', case-blind), in order of their
@@ -113,6 +151,9 @@ private:
     };
     const Listing &listing(const std::string &folder, bool sure);
     std::map<std::string, Listing> listings_;
+
+    void replaceAt(const std::string &name, const std::string &bytes,
+                   std::optional<unsigned> permissions);
 };
 
 // '*' and '?', case-blind.

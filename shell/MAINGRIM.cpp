@@ -27,15 +27,29 @@ void donnerFaces(Globales &g, FMenu &menu) {
     }
 }
 
-// Proves that the folder can be written, and leaves no stale work file in it.
+// What another game on this account has removed in the same moment is as good as removed.
+void enlever(Files &fichiers, const Texte &nom) {
+    try {
+        fichiers.remove(nom);
+    } catch (const Failure &erreur) {
+        if (erreur.number != failure::fileNotFound) {
+            throw;
+        }
+    }
+}
+
+// Proves that the folder can be written, and leaves no stale work file in it, whatever it holds.
 void nettoyerTemporaires(Globales &g) {
     Files &fichiers = g.services.files;
-    const Texte probe = g.dossiers.DossierTemp + u"~GRIMOVA.TMP";
-    const Texte copie = g.dossiers.DossierTemp + u"~GRIMV.TMP";
+    const Texte &dossier = g.dossiers.DossierTemp;
+    const Texte probe = dossier + u"~GRIMOVA.TMP", copie = dossier + u"~GRIMV.TMP";
     RecordFile(fichiers, probe, TypeMot::taille);
     RecordFile(fichiers, copie, TypeBase::taille);
-    fichiers.remove(copie);
-    fichiers.remove(probe);
+    enlever(fichiers, copie);
+    enlever(fichiers, probe);
+    for (const char16_t *nom : {u"~GRIMV.TMP", u"GRIMOVA.INI"}) {
+        fichiers.removeLeftOver(dossier, nom);
+    }
 }
 
 void examinerListe(Globales &g) {

@@ -5,8 +5,16 @@ namespace grimoval {
 
 namespace {
 void creerSiAbsent(Files &fichiers, const Texte &dossier) {
-    if (!fichiers.folderExists(dossier)) {
+    if (fichiers.folderExists(dossier)) {
+        return;
+    }
+    try {
         fichiers.makeFolder(dossier);
+    } catch (const Failure &) {
+        // Another game on this account may have made it just now.
+        if (!fichiers.folderExists(dossier)) {
+            throw;
+        }
     }
 }
 } // namespace

@@ -158,15 +158,33 @@ TEST_F(OddInstallation, WithSomethingElseForTheListTellsAndStops) {
     }
 }
 
-TEST_F(OddInstallation, WithSomethingElseForTheWorkCopyTellsAndStopsAndTheListStays) {
-    const std::string list = game.bytes(u"MASK/GRIMV.LST");
+TEST_F(OddInstallation, WithSomethingElseForTheWorkCopyTakesAnotherNameForItAndLeavesIt) {
+    const Texte user = u"donnees/Calvenor/Le Grimoval/";
     for (const OddFile &odd : oddFiles()) {
         SCOPED_TRACE(odd.name);
-        put(odd, game.folder, u"donnees/Calvenor/Le Grimoval/~GRIMV.TMP");
-        const std::string said = choose();
-        EXPECT_TRUE(said.ends_with(" fin")) << said;
-        EXPECT_EQ(game.bytes(u"MASK/GRIMV.LST"), list);
+        put(odd, game.folder, user + u"~GRIMV.TMP");
+        const std::string copy = game.folder.bytePath(user + u"~GRIMV.TMP");
+        const auto type = fs::symlink_status(copy).type();
+        EXPECT_EQ(choose(1), "");
+        EXPECT_TRUE(game.g.base.BaseChargee);
+        EXPECT_EQ(fs::symlink_status(copy).type(), type);
+        EXPECT_EQ(std::distance(fs::directory_iterator(game.folder.bytePath(user)), {}), 1);
     }
+}
+
+TEST_F(OddInstallation, WhoseWorkCopyANeighbourRemovesIsReadToItsEnd) {
+    const Texte copy = u"donnees/Calvenor/Le Grimoval/~GRIMV.TMP";
+    game.write(u"MASK/DEUX.DBS", wordRecords({u"A", u"B"})); // which is told during the check
+    bool removed = false;
+    game.windows.onMessage = [&](const Message &) {
+        removed = game.folder.exists(copy);
+        game.files.remove(game.folder.path(copy));
+    };
+    game.titles.show();
+    EXPECT_TRUE(removed);
+    EXPECT_EQ(game.windows.messages.size(), 1u);
+    EXPECT_EQ(game.titles.LstTitre.ListCount(), 1);
+    EXPECT_FALSE(game.folder.exists(copy));
 }
 
 TEST_F(OddInstallation, WithoutItsPictureFolderPlaysWithoutAPictureAndStopsWhereOneIsDrawn) {

@@ -88,7 +88,7 @@ TEST(Utf8, NeverReadsOverlongFormsOrHalvesOfSurrogates) {
 }
 
 TEST(Utf8, WritesHalvesOfSurrogatesAsTheReplacementCharacter) {
-    const Texte halves{0xD83D, 0xDE00};
+    const Texte halves{0xDE00, 0xD83D};
     EXPECT_EQ(toUtf8(halves), "\xEF\xBF\xBD\xEF\xBF\xBD");
 }
 

@@ -5,7 +5,10 @@
 #include "support/startup.h"
 
 #include <algorithm>
+#include <chrono>
+#include <filesystem>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 namespace grimoval::test::start_up {
 
@@ -165,6 +168,42 @@ TEST(WorkFiles, LeftByACrashAreGoneWhateverTheyHold) {
     EXPECT_EQ(start.run(), 0);
     EXPECT_FALSE(start.folder.exists(user + u"~GRIMV.TMP"));
     EXPECT_FALSE(start.folder.exists(user + u"~GRIMOVA.TMP"));
+}
+
+TEST(WorkFiles, UnderNamesOfTheirOwnAreGoneOnceTheyAreAnHourOld) {
+    Startup start;
+    const Texte user = u"donnees/Calvenor/Le Grimoval/";
+    const auto leave = [&](const Texte &name, std::chrono::minutes age) {
+        start.folder.write(user + name, "x");
+        std::filesystem::last_write_time(start.folder.bytePath(user + name),
+                                         std::filesystem::file_time_type::clock::now() - age);
+    };
+    for (const char16_t *name : {u"~GRIMV.TMP~1", u"GRIMOVA.INI~2", u"SCORGRIM.TXT~3"}) {
+        leave(name, std::chrono::minutes(70));
+    }
+    leave(u"~GRIMV.TMP~4", std::chrono::minutes(50)); // perhaps another game's
+    EXPECT_EQ(start.run(), 0);
+    EXPECT_FALSE(start.folder.exists(user + u"~GRIMV.TMP~1"));
+    EXPECT_FALSE(start.folder.exists(user + u"GRIMOVA.INI~2"));
+    EXPECT_TRUE(start.folder.exists(user + u"SCORGRIM.TXT~3")); // it may hold scores
+    EXPECT_TRUE(start.folder.exists(user + u"~GRIMV.TMP~4"));
+}
+
+// Another game on this account does the same at the same time.
+TEST(WorkFiles, ThatANeighbourRemovesMeanwhileAreGone) {
+    for (const char16_t *name : {u"~GRIMV.TMP", u"~GRIMOVA.TMP"}) {
+        Startup start;
+        const std::string file =
+            start.folder.bytePath(Texte(u"donnees/Calvenor/Le Grimoval/") + name);
+        bool removed = false;
+        start.files.writeTime = [&] { // asked for each file that is made
+            removed = ::unlink(file.c_str()) == 0 || removed;
+            return start.clock.now();
+        };
+        EXPECT_EQ(start.run(), 0);
+        EXPECT_TRUE(removed);
+        EXPECT_FALSE(std::filesystem::exists(file));
+    }
 }
 
 TEST(CatalogueAtStartUp, OfLengthZeroIsGoneAfterTheStartUpWithoutAMessage) {
