@@ -35,12 +35,12 @@ void ChargerMots(Globales &g, FMenu &menu, const std::function<void(int)> &trait
             nombre = compter(*base);
         },
         traitement);
-    TypeMot EnregMot;
+    FixedText<30> &EnregMot = g.base.MotLu; // of the record, the word alone
     std::vector<Texte> mots;
     mots.reserve(static_cast<std::size_t>(nombre));
     for (int i = 1; i <= nombre; ++i) {
-        essayer([&] { EnregMot.Mot = TypeMot::lireMot(base->read(i)); }, traitement);
-        mots.push_back(trim(EnregMot.Mot.text()));
+        essayer([&] { EnregMot = TypeMot::lireMot(base->read(i)); }, traitement);
+        mots.push_back(trim(EnregMot.text()));
     }
     menu.LstMot[0].Items = std::move(mots);
 }

@@ -24,7 +24,7 @@ Int16 CompterMots(Globales &g, const Texte &fichier);
 
 // Fills LstMot(0) from FichierBase, in file order, blanks at both ends removed, nothing filtered.
 // Each step that fails is told to the handler and passed over: a record that cannot be read gives
-// the word before it once more.
+// the word before it once more, the first one the last word of the base that was read before.
 void ChargerMots(Globales &g, FMenu &menu, const std::function<void(int)> &traitement);
 
 } // namespace grimoval

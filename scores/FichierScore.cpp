@@ -33,15 +33,40 @@ Texte heure(int secondes) {
            deux(secondes % 60);
 }
 
+// The log that gives way gets the month of its last record for a name, which is answered, and never
+// one that is taken: nothing is lost by it, whatever the clock says.
+Texte mettreDeCote(Files &fichiers, const Texte &dossier, const Texte &precedent) {
+    const DateTime ecrit = fichiers.lastWrite(precedent);
+    const Texte mois = dossier + u"SCORGRIM-" + decimal(ecrit.year) + u"-" +
+                       (ecrit.month < 10 ? u"0" : u"") + decimal(ecrit.month);
+    Texte garde = mois + u".BAK";
+    for (int numero = 2; !fichiers.moveToFreeName(precedent, garde); ++numero) {
+        garde = mois + u"-" + decimal(numero) + u".BAK";
+    }
+    return garde;
+}
+
 // A log last written in another month takes the place of the one before. The month alone counts: a
-// log of the same month of another year goes on.
-void changerDeMois(Files &fichiers, const Texte &journal, const Texte &precedent, int mois) {
+// log of the same month of another year goes on. Other games on this account may be at the same: no
+// file takes the place of another, whoever moves it.
+void changerDeMois(Files &fichiers, const Texte &dossier, const Texte &journal,
+                   const Texte &precedent, int mois) {
+    const auto autreMois = [&] { return fichiers.lastWrite(journal).month != mois; };
     try {
-        if (fichiers.lastWrite(journal).month != mois) {
-            fichiers.move(journal, precedent);
+        if (!autreMois()) {
+            return;
+        }
+        const Texte garde = mettreDeCote(fichiers, dossier, precedent);
+        const bool change = autreMois() && fichiers.moveToFreeName(journal, precedent);
+        // It comes back where another game has begun the month meanwhile.
+        if (!change && fichiers.moveToFreeName(garde, precedent)) {
+            return;
+        }
+        if (fichiers.length(garde) == 0) {
+            fichiers.remove(garde);
         }
     } catch (const Failure &erreur) {
-        // Gone meanwhile: another game on this account has moved it.
+        // Gone meanwhile: another game has moved it.
         if (erreur.number != failure::fileNotFound) {
             throw;
         }
@@ -146,7 +171,8 @@ void FScore2::EcrireScore() {
         const Texte precedent = g.dossiers.DossierScore + u"SCORGRIM.BAK";
         { AppendFile(fichiers, journal); }
         { AppendFile(fichiers, precedent); }
-        changerDeMois(fichiers, journal, precedent, g.services.clock.now().month);
+        changerDeMois(fichiers, g.dossiers.DossierScore, journal, precedent,
+                      g.services.clock.now().month);
         screen().MousePointer = pointeur::sablier;
         AppendFile fichier(fichiers, journal);
         fichier.write(toAnsi(composer(separation)));

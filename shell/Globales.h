@@ -50,6 +50,7 @@ struct ScoresPartie {
 struct BaseCourante {
     bool BaseChargee = false;
     Texte TitreBase, FichierBase, ImageBase;
+    FixedText<30> MotLu; // of the record that was read last, of whatever base
 };
 
 struct Globales {

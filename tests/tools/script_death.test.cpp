@@ -116,17 +116,22 @@ struct GameOnDisk {
         fs::remove_all(folder.bytePath(u"donnees"));
         folder.makeFolder(u"donnees");
         if (user_ == User::known) {
-            folder.write(place + u"SCORGRIM.BAK", january);
+            folder.makeFolder(place);
             Files files;
+            files.writeTime = [] { return DateTime{2026, 1, 31, 12, 0, 0}; };
+            files.replace(folder.path(place + u"SCORGRIM.BAK"), january);
             files.writeTime = [] { return DateTime{2026, 2, 28, 12, 0, 0}; };
             files.replace(folder.path(place + u"SCORGRIM.TXT"), february);
         }
     }
 
-    Answer play(const std::string &way = {}, int call = 0) const {
-        const std::vector<std::string> fault = {
+    Answer play(const std::string &way = {}, int call = 0, bool network = false) const {
+        std::vector<std::string> fault = {
             "LD_PRELOAD=" DEATH, "ASAN_OPTIONS=verify_asan_link_order=0", "GRIM_MORT=" + way,
             "GRIM_MORT_A=" + std::to_string(call)};
+        if (network) {
+            fault.emplace_back("GRIM_MORT_RESEAU=1");
+        }
         return run({GRIMOVAL_SCRIPT}, way.empty() ? std::vector<std::string>() : fault, false,
                    commands_);
     }
@@ -163,10 +168,12 @@ struct GameOnDisk {
         }
     }
 
-    // The record of the month before is whole, in its own file or in the one that it moves to.
+    // The records of the months before are whole, in their own files or in those that they move to.
     void expectEarlierScores() const {
         if (user_ == User::known) {
             EXPECT_TRUE(file(u"SCORGRIM.TXT") == february || file(u"SCORGRIM.BAK") == february);
+            EXPECT_TRUE(file(u"SCORGRIM.BAK") == january ||
+                        file(u"SCORGRIM-2026-01.BAK") == january);
         }
     }
 
@@ -294,6 +301,29 @@ TEST_P(GameAtEveryCall, MetByADiskThatFailsSaysSoAndGoesOnOrEndsInTheFailureRepo
     }
 }
 
+// There a file gets a free name by a link.
+TEST_P(GameAtEveryCall, KilledOnAFolderOfTheNetworkLeavesEarlierScoresWholeToo) {
+    const auto play = [this](int call) {
+        disk.clear();
+        return disk.play("mort", call, true);
+    };
+    EXPECT_EQ(play(1000).output, disk.said);
+    EXPECT_EQ(disk.file(u"SCORGRIM.TXT"), disk.record);
+    EXPECT_EQ(disk.file(u"GRIMOVA.INI"), disk.settings);
+    disk.expectEarlierScores();
+    const auto names = disk.folder.list();
+    EXPECT_TRUE(std::none_of(names.begin(), names.end(), [](const std::string &name) {
+        return name.find('~') != std::string::npos;
+    }));
+    for (int call = 1; play(call).killed; ++call) {
+        SCOPED_TRACE(call);
+        ASSERT_LT(call, 300);
+        disk.expectEarlierScores();
+        const std::string log = disk.file(u"SCORGRIM.TXT");
+        EXPECT_TRUE(log == february || disk.record.starts_with(log)) << log;
+    }
+}
+
 TEST_P(GameAtEveryCall, WritingTheHalfEachTimeWritesTheSameFiles) {
     disk.clear();
     const Answer answer = disk.play("court");
@@ -314,5 +344,45 @@ INSTANTIATE_TEST_SUITE_P(Users, GameAtEveryCall, testing::Values(User::fresh, Us
                          [](const auto &user) {
                              return user.param == User::fresh ? "new" : "known";
                          });
+
+// The words of two bases; the first record of the second cannot be read.
+TEST(UnreadableRecord, GivesTheWordThatWasReadBeforeItBeItOfAnotherBase) {
+    const TemporaryFolder folder;
+    folder.write(u"appli/MASK/AA.DBS", wordRecords({u"CHAT"}));
+    folder.write(u"appli/MASK/BB.DBS", wordRecords({u"RHINOCEROS"}));
+    folder.write(u"appli/MASK/GRIMV.LST",
+                 baseRecord(1, 1, u"AA", u"Un") + baseRecord(2, 1, u"BB", u"Zéro"));
+    folder.write(u"appli/IMAGES/IMG01.BMP", "BM");
+    folder.makeFolder(u"donnees");
+    const std::string commands =
+        "demarrer " + folder.bytePath(u"appli") + " " + folder.bytePath(u"donnees") + R"(
+touche Espace
+clic FMenu.CmdBase
+choisir FLstTitre.LstTitre 0
+clic FLstTitre.CmdTitre(1)
+clic FMenu.CmdBase
+choisir FLstTitre.LstTitre 1
+clic FLstTitre.CmdTitre(1)
+clic FMenu.CmdTjr(2)
+clic FCHoix.Cmd(1)
+saisir Fnom.Saisie(0) Dupont
+saisir Fnom.Saisie(1) Marie
+touche Entree
+etat
+)";
+    const auto maskWith = [&](const std::string &call) {
+        const Answer answer =
+            run({GRIMOVAL_SCRIPT},
+                {"LD_PRELOAD=" DEATH, "ASAN_OPTIONS=verify_asan_link_order=0", "GRIM_MORT=lecture",
+                 "GRIM_MORT_A=" + call, "GRIM_MORT_SOUS=" + folder.bytePath(u"appli/MASK/BB.DBS")},
+                false, commands);
+        EXPECT_EQ(answer.errors.empty(), call == "99") << answer.errors;
+        EXPECT_EQ(answer.output.find("\nmessage"), std::string::npos) << answer.output;
+        const std::size_t place = answer.output.rfind("FMenu.AffMot(0).Caption = ");
+        return answer.output.substr(place, answer.output.find('\n', place) - place);
+    };
+    EXPECT_EQ(maskWith("99"), R"(FMenu.AffMot(0).Caption = "##########")");
+    EXPECT_EQ(maskWith("1"), R"(FMenu.AffMot(0).Caption = "####")");
+}
 
 } // namespace grimoval::test::script_death

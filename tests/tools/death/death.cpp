@@ -6,9 +6,13 @@
 //               call before anything is done; "panne", "quota", "disque": it fails, the disk being
 //               full, the user's share used up, the disk broken; "court": a write writes half of
 //               its bytes; "lent": it comes late; "plein": it and every call after it fail, the
-//               disk being full
+//               disk being full; "lecture": of readings at a place, which count for this alone, one
+//               fails, the disk being broken
 // GRIM_MORT_SOUS  of files alone whose names begin like this; of all, if it is not there
 // GRIM_MORT_SIGNE  a file: as long as it is missing, no call is counted
+//
+// GRIM_MORT_RESEAU  if it is there, no call gives a name only where it is free, as on the shared
+//               folders of a network
 //
 // What fails is told on the standard error: the call and the file.
 #include <cerrno>
@@ -59,7 +63,7 @@ const Kind &fate(const std::string &path) {
     static constexpr Kind kinds[] = {{"mort", Kind::die, 0},        {"panne", Kind::fail, ENOSPC},
                                      {"quota", Kind::fail, EDQUOT}, {"disque", Kind::fail, EIO},
                                      {"court", Kind::half, 0},      {"lent", Kind::late, 0},
-                                     {"plein", Kind::fail, ENOSPC}};
+                                     {"plein", Kind::fail, ENOSPC}, {"lecture", Kind::fail, EIO}};
     static const char *const number = std::getenv("GRIM_MORT_A");
     static const char *const name = std::getenv("GRIM_MORT");
     static int calls = 0;
@@ -163,6 +167,17 @@ ssize_t write(int descriptor, const void *bytes, size_t size) {
     }
 }
 
+ssize_t pread(int descriptor, void *bytes, size_t size, off_t place) {
+    static const char *const way = std::getenv("GRIM_MORT");
+    if (way != nullptr && std::strcmp(way, "lecture") == 0) {
+        const std::string path = pathOf(descriptor);
+        if (const Kind &kind = fate(path); kind.way == Kind::fail) {
+            return fail(kind, "pread", path);
+        }
+    }
+    return real<ssize_t(int, void *, size_t, off_t)>("pread")(descriptor, bytes, size, place);
+}
+
 int fsync(int descriptor) {
     return pass("fsync", descriptor, [&] { return real<int(int)>("fsync")(descriptor); });
 }
@@ -175,6 +190,23 @@ int futimens(int descriptor, const timespec times[2]) noexcept {
 int rename(const char *from, const char *to) noexcept {
     return pass("rename", from,
                 [&] { return real<int(const char *, const char *)>("rename")(from, to); });
+}
+
+int renameat2(int fromFolder, const char *from, int toFolder, const char *to,
+              unsigned flags) noexcept {
+    if (std::getenv("GRIM_MORT_RESEAU") != nullptr) {
+        errno = EINVAL;
+        return -1;
+    }
+    return pass("renameat2", from, [&] {
+        return real<int(int, const char *, int, const char *, unsigned)>("renameat2")(
+            fromFolder, from, toFolder, to, flags);
+    });
+}
+
+int link(const char *from, const char *to) noexcept {
+    return pass("link", from,
+                [&] { return real<int(const char *, const char *)>("link")(from, to); });
 }
 
 int unlink(const char *path) noexcept {
