@@ -10,8 +10,11 @@
 
 #include <QApplication>
 
+#include <csignal>
+
 int main(int count, char **arguments) {
     using namespace grimoval;
+    std::signal(SIGXFSZ, SIG_IGN); // beyond a limit of file size the disk is full, and no more
     QtApplication application;
     // A second one opens nothing, neither a display nor a device.
     if (application.previousInstance()) {

@@ -4,6 +4,7 @@
 #include "tools/bases/noms.h"
 
 #include <algorithm>
+#include <csignal>
 #include <iostream>
 #include <sys/stat.h>
 
@@ -115,6 +116,7 @@ Texte motDeLigne(const Texte &mot) {
 int main(int nombre, char **arguments) {
     // What is made is there for every account, also where the administrator's own files are not.
     ::umask(::umask(0) & 022);
+    std::signal(SIGXFSZ, SIG_IGN); // beyond a limit of file size the disk is full, and no more
     Appel appel{{}, {}, u"grimbases", std::cout, std::cerr};
     for (int i = 1; i < nombre; ++i) {
         appel.mots.push_back(fromPath(arguments[i]));
