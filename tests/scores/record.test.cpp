@@ -151,5 +151,18 @@ TEST(Dates, NameEveryDayOfTheWeekAndEveryMonth) {
     }
 }
 
+TEST(Record, InWhichANumberOverflowsIsToldAndNotWrittenAtAll) {
+    Recorded game(1);
+    const std::string before = game.leave();
+    game.score.show();
+    game.g.scores.NbMotsProposes = 32767;
+    game.g.scores.MotsTrouves[1] = -1; // the words that were not found are too many
+    game.score.EcrireScore();
+    EXPECT_EQ(toUtf8(fromAnsi(game.folder.read(journal))), before);
+    ASSERT_EQ(game.windows.messages.size(), 1u);
+    EXPECT_EQ(toUtf8(game.windows.messages[0].text), "L'ERREUR 6 est survenue.");
+    EXPECT_TRUE(game.score.ScoreNonEcrit);
+}
+
 } // namespace
 } // namespace grimoval::test
