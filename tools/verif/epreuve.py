@@ -70,7 +70,7 @@ FAUTES = [
     ("lancements", "lancement", ajouter("platform/files.cpp", "#include <spawn.h>\n")),
     ("lancements", "lancement",
      remplacer("platform/qt/qtservices.cpp", 'QStringLiteral("xdg-open"), {mail}', "mail")),
-    ("lancements", "perime", remplacer("platform/qt/qtservices.cpp", "QProcess viewer;", "")),
+    ("lancements", "perime", remplacer("platform/qt/qtservices.cpp", "::execv(words[0], words);", "")),
     ("noms", "orthographe", remplacer("docs/glossary.md", "`ProposerLettre`", "`ProposerLetre`")),
     ("noms", "orthographe",
      remplacer("docs/glossary.md", "`TempsRéflexion`", "`TempsReflexion`")),
