@@ -19,7 +19,7 @@ struct Answer {
 
 Answer call(int (*command)(outils::Appel &), const std::vector<Texte> &words) {
     std::ostringstream output, errors;
-    outils::Appel call{{}, words, u"grimbases", output, errors};
+    outils::Appel call{{}, words, u"grimbases", output, errors, {}};
     int status = 0;
     try {
         status = command(call);

@@ -49,6 +49,18 @@ struct InstalledGame : testing::Test {
         EXPECT_EQ(answer.status, 0) << answer.errors;
     }
 
+    // A base that no list made, with a record of its own unless it has no title.
+    void byHand(const Texte &stem, const Texte &title, const std::vector<Texte> &words) const {
+        const Texte mask = var + u"MASK/";
+        folder.write(mask + stem + u".DBS", wordRecords(words));
+        if (!title.empty()) {
+            const std::string list = folder.read(mask + u"GRIMV.LST");
+            const int number = static_cast<int>(list.size() / 52) + 1;
+            folder.write(mask + u"GRIMV.LST",
+                         list + baseRecord(number, static_cast<int>(words.size()), stem, title));
+        }
+    }
+
     // Names in a folder, without those of the folders.
     std::vector<std::string> names(const Texte &name) const {
         std::vector<std::string> all;

@@ -20,12 +20,13 @@ Offer without(Offer offer, const std::string &title) {
     return offer;
 }
 
-const Offer before = with(shippedOffer, "Ma liste", {"CHAT", "CHIEN"});
+const Offer before = with(with(shippedOffer, "Ma liste", {"CHAT", "CHIEN"}), "Du CE1", {"LIVRE"});
 const Change changes[] = {
     {"anotherList", {"ajouter", "@autre.txt"}, with(before, "Autre", {"SABLE"})},
     {"moreWords", {"ajouter", "@plus.txt"}, with(before, "Ma liste", {"CHAT", "CHIEN", "RAT"})},
     {"otherWords", {"ajouter", "@change.txt"}, with(before, "Ma liste", {"LOUP", "OURS"})},
-    {"removal", {"retirer", "Ma liste"}, shippedOffer},
+    {"removal", {"retirer", "Ma liste"}, without(before, "Ma liste")},
+    {"removalOfABaseByHand", {"retirer", "Du CE1"}, without(before, "Du CE1")},
     {"upgrade",
      {"refaire"},
      without(with(with(before, "La mer", {"ORQUE"}), "La forêt", {"CHÊNE"}), "Le ciel")},
@@ -41,10 +42,12 @@ struct Interrupted : InstalledGame,
         good({"refaire"});
         good({"ajouter", list(u"a.txt", "Titre : Ma liste\nCHAT\nCHIEN\n")});
         list(u"autre.txt", "SABLE\n");
+        list(u"suite.txt", "SUITE\n");
         list(u"plus.txt", "Titre : Ma liste\nCHAT\nCHIEN\nRAT\n");
         list(u"change.txt", "Titre : Ma liste\nLOUP\nOURS\n");
         list(u"textes/MER.txt", "Titre : La mer\nMOUETTE\n");
         list(u"textes/UN.txt", "Titre : Un seul\nMOT UNIQUE\n");
+        byHand(u"CE1", u"Du CE1", {u"LIVRE"});
         start_ = offered();
     }
 
@@ -113,6 +116,16 @@ TEST_P(Interrupted, LeavesTheOldSetOrTheNewOne) {
             good(words());
         }
         EXPECT_EQ(offered(), change().result);
+
+        // The next change, whatever it is, clears what the death has left.
+        good({"ajouter", in(u"classe/suite.txt")});
+        EXPECT_EQ(names(var + u"MASK/").size(), change().result.size() + 2);
+        for (const std::string &name : names(var)) {
+            EXPECT_TRUE(name.ends_with(".DBS") || name == "MASK/GRIMV.LST" ||
+                        name == "bases-faites.txt" ||
+                        (name.starts_with("listes/") && name[7] != '.' && name.ends_with(".txt")))
+                << name;
+        }
     }
     EXPECT_GE(stopped, 6); // at least a file, its place, and the list were at stake
     EXPECT_GE(old, 3);

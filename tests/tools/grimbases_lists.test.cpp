@@ -24,7 +24,8 @@ struct OwnLists : InstalledGame {
 };
 
 TEST_F(OwnLists, StartFromTheThemesOfTheGame) {
-    EXPECT_EQ(names(var), (Names{"MASK/CIEL.DBS", "MASK/GRIMV.LST", "MASK/MER.DBS"}));
+    EXPECT_EQ(names(var),
+              (Names{"MASK/CIEL.DBS", "MASK/GRIMV.LST", "MASK/MER.DBS", "bases-faites.txt"}));
     EXPECT_EQ(offered(), shippedOffer);
     EXPECT_EQ(run({"verifier"}).output, "2 thèmes, 3 mots : le jeu acceptera tout.\n");
 }

@@ -4,6 +4,7 @@
 
 #include "tools/bases/lieu.h"
 #include "tools/bases/probleme.h"
+#include "tools/bases/verrou.h"
 
 #include <iosfwd>
 
@@ -19,9 +20,10 @@ struct Arret {
 
 struct Appel {
     Files fichiers;
-    std::vector<Texte> mots; // behind the command
-    Texte ligne;             // the call as it was typed
+    std::vector<Texte> mots;    // behind the command
+    std::optional<Texte> ligne; // the call, where it can be typed again
     std::ostream &sortie, &erreurs;
+    std::chrono::milliseconds attente = Verrou::patience; // for another writer
 
     // A word that names a folder of bases, or else the installed game.
     Lieu lieu(const Texte *dossier);

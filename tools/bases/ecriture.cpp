@@ -1,18 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The commands that make or change bases.
-#include "tools/bases/catalogue.h"
-#include "tools/bases/commandes.h"
+#include "tools/bases/ecriture.h"
+
 #include "tools/bases/listes.h"
 #include "tools/bases/noms.h"
 #include "tools/bases/texte.h"
 
 #include <algorithm>
 #include <ostream>
-#include <set>
 
 namespace grimoval::outils {
-
-namespace {
 
 Theme lire(Appel &appel, const Texte &chemin, Problemes &problemes) {
     return avec(appel, chemin, [&] { return lireTheme(appel.fichiers, chemin, problemes); });
@@ -26,11 +23,25 @@ std::vector<Theme> lireDossier(Appel &appel, const Texte &dossier, Problemes &pr
     return themes;
 }
 
-void mettre(Appel &appel, const Texte &dossier, std::vector<Fiche> &fiches, bool seul) {
-    avec(appel, dossier, [&] { installer(appel.fichiers, dossier, fiches, seul); });
+Verrou verrouiller(Appel &appel, const Texte &dossier) {
+    try {
+        return Verrou(appel.fichiers, dossier, appel.attente);
+    } catch (const Failure &erreur) {
+        throw Arret{mauvaisesBases,
+                    erreur.number == failure::fileAlreadyOpen
+                        ? montrable(dossier) +
+                              u" : une autre commande grimbases y travaille encore ; "
+                              u"rien n'est changé, recommencez quand elle aura fini."
+                        : raison(appel, dossier, erreur.number)};
+    }
 }
 
-// Each gets a stem of its own, and they stand in the order of those.
+void mettre(Appel &appel, const Lieu &lieu, std::vector<Fiche> &fiches,
+            const std::set<Texte> &laisser) {
+    const Menage menage{lieu.refaisable ? lieu.registre : Texte(), laisser};
+    avec(appel, lieu.masque, [&] { installer(appel.fichiers, lieu.masque, fiches, menage); });
+}
+
 void donnerLesRacines(std::vector<Theme> &themes) {
     std::set<Texte> prises;
     for (Theme &theme : themes) {
@@ -42,58 +53,11 @@ void donnerLesRacines(std::vector<Theme> &themes) {
               [](const Theme &un, const Theme &autre) { return un.fichier < autre.fichier; });
 }
 
+namespace {
+
 void retirerLeTitre(std::vector<Fiche> &fiches, const Texte &titre) {
     std::erase_if(fiches,
                   [&](const Fiche &fiche) { return memeTitre(titreDe(fiche.base), titre); });
-}
-
-// Of the sources that were kept, those that are good, in the places of those with their titles.
-void ajouterLesListes(Appel &appel, const Lieu &lieu, std::vector<Theme> &themes) {
-    for (const Texte &chemin : sourcesDe(appel.fichiers, lieu.listes)) {
-        Problemes problemes;
-        const Theme theme = lire(appel, chemin, problemes);
-        if (graves(problemes)) {
-            dire(problemes, appel.erreurs);
-            appel.erreurs << toUtf8(chemin) << " : cette liste est laissée de côté.\n";
-            continue;
-        }
-        std::erase_if(themes,
-                      [&](const Theme &autre) { return memeTitre(autre.titre, theme.titre); });
-        themes.push_back(theme);
-    }
-}
-
-// Without sources: what is left of the list, or else every base, each under the title that its name
-// makes.
-std::vector<Fiche> reparer(Appel &appel, const Texte &dossier) {
-    Files &fichiers = appel.fichiers;
-    std::vector<Fiche> fiches;
-    std::set<Texte> prises;
-    const auto prendre = [&](TypeBase base) {
-        const Texte racine = racineDe(base);
-        const Texte chemin = asFolder(dossier) + fichierDe(base);
-        if (!estUneRacine(racine) || !fichiers.exists(chemin) || !prises.insert(racine).second) {
-            return;
-        }
-        const std::int64_t nombre = fichiers.length(chemin) / TypeMot::taille;
-        if (nombre >= 1 && nombre <= 32767) {
-            base.NbMots = static_cast<int>(nombre);
-            base.Actif = 1;
-            fiches.push_back({base});
-        }
-    };
-    for (const Fiche &fiche : fichesDe(fichiers, dossier)) {
-        prendre(fiche.base);
-    }
-    if (fiches.empty()) {
-        for (const Texte &nom : fichiers.list(dossier, u"*.dbs")) {
-            TypeBase base;
-            base.Fichier = upper(nom.substr(0, nom.find_last_of(u'.')));
-            base.Titre = titreDuNom(nom);
-            prendre(base);
-        }
-    }
-    return fiches;
 }
 
 // The game warns at each opening of the chooser of what else is wrong.
@@ -124,7 +88,7 @@ int construire(Appel &appel) {
     exigerDesTitresUniques(themes, problemes);
     arreterSiGrave(appel, problemes);
     donnerLesRacines(themes);
-    const auto verrou = avec(appel, dossier, [&] { return Verrou(appel.fichiers, dossier); });
+    const Verrou verrou = verrouiller(appel, dossier);
     avec(appel, dossier, [&] { construireBases(appel.fichiers, themes, dossier); });
     return bon;
 }
@@ -148,8 +112,7 @@ int ajouter(Appel &appel) {
     exigerDesTitresUniques(themes, problemes);
     arreterSiGrave(appel, problemes);
 
-    const auto verrou =
-        avec(appel, lieu.masque, [&] { return Verrou(appel.fichiers, lieu.masque); });
+    const Verrou verrou = verrouiller(appel, lieu.masque);
     std::vector<Fiche> fiches =
         avec(appel, lieu.masque, [&] { return fichesDe(appel.fichiers, lieu.masque); });
     const std::size_t avant = fiches.size();
@@ -162,9 +125,9 @@ int ajouter(Appel &appel) {
     const bool remplace = fiches.size() < avant;
     const std::vector<Fiche> nouvelles = fichesPour(themes);
     fiches.insert(fiches.end(), nouvelles.begin(), nouvelles.end());
-    mettre(appel, lieu.masque, fiches, false);
+    mettre(appel, lieu, fiches);
     for (std::size_t i = fiches.size() - themes.size(); i < fiches.size(); ++i) {
-        appel.sortie << toUtf8(titreDe(fiches[i].base)) << " : "
+        appel.sortie << toUtf8(extrait(titreDe(fiches[i].base))) << " : "
                      << toUtf8(compter(fiches[i].base.NbMots, u"mot")) << ", dans "
                      << toUtf8(fichierDe(fiches[i].base)) << '\n';
     }
@@ -181,8 +144,7 @@ int retirer(Appel &appel) {
     };
     const bool dossierDit = appel.mots.size() > 1 && contientUneListe(appel.mots.back());
     const Lieu lieu = appel.lieu(dernierSi(appel, dossierDit));
-    const auto verrou =
-        avec(appel, lieu.masque, [&] { return Verrou(appel.fichiers, lieu.masque); });
+    const Verrou verrou = verrouiller(appel, lieu.masque);
     std::vector<Fiche> fiches =
         avec(appel, lieu.masque, [&] { return fichesDe(appel.fichiers, lieu.masque); });
     std::vector<Texte> titres, connus;
@@ -200,8 +162,9 @@ int retirer(Appel &appel) {
             const Texte proche = leplusProche(nom, connus);
             throw Arret{mauvaisesBases,
                         u"aucun thème ne s'appelle « " + extrait(nom) + u" »" +
-                            (proche.empty() ? u" : « grimbases lister » les montre tous"
-                                            : u" : vouliez-vous dire « " + proche + u" » ?")};
+                            (proche.empty()
+                                 ? u" : « grimbases lister » les montre tous"
+                                 : u" : vouliez-vous dire « " + extrait(proche) + u" » ?")};
         }
         titres.push_back(titreDe(trouvee->base));
     }
@@ -215,14 +178,14 @@ int retirer(Appel &appel) {
     for (const Texte &titre : titres) {
         avec(appel, lieu.listes, [&] { return oublier(appel.fichiers, lieu, titre); });
     }
-    mettre(appel, lieu.masque, fiches, false);
+    mettre(appel, lieu, fiches);
     Problemes sansInteret;
     const std::vector<Theme> livres = lireDossier(appel, lieu.modeles, sansInteret);
     for (const Texte &titre : titres) {
         const bool livre = std::any_of(livres.begin(), livres.end(), [&](const Theme &theme) {
             return memeTitre(theme.titre, titre);
         });
-        appel.sortie << toUtf8(titre) << " : retiré."
+        appel.sortie << toUtf8(extrait(titre)) << " : retiré."
                      << (livre ? " Un thème de ce nom vient avec le jeu : « grimbases refaire » ou "
                                  "une mise à jour le remettra."
                                : "")
@@ -230,35 +193,6 @@ int retirer(Appel &appel) {
     }
     direLesAutresDefauts(appel, lieu);
     return bon;
-}
-
-int refaire(Appel &appel) {
-    const Lieu lieu = appel.lieu(appel.mots.empty() ? nullptr : &appel.mots.front());
-    if (lieu.refaisable && !appel.fichiers.folderExists(lieu.masque)) {
-        avec(appel, lieu.masque, [&] { appel.fichiers.makeFolder(lieu.masque); });
-    }
-    const auto verrou =
-        avec(appel, lieu.masque, [&] { return Verrou(appel.fichiers, lieu.masque); });
-    std::vector<Fiche> fiches;
-    if (lieu.refaisable) {
-        Problemes problemes;
-        std::vector<Theme> themes = lireDossier(appel, lieu.modeles, problemes);
-        exigerDesTitresUniques(themes, problemes);
-        arreterSiGrave(appel, problemes);
-        ajouterLesListes(appel, lieu, themes);
-        donnerLesRacines(themes);
-        fiches = fichesPour(themes);
-    } else {
-        fiches = avec(appel, lieu.masque, [&] { return reparer(appel, lieu.masque); });
-    }
-    if (fiches.empty()) {
-        throw Arret{mauvaisesBases,
-                    lieu.masque + u" : il n'y a ni liste de mots ni base ; « grimbases ajouter » y "
-                                  u"met votre liste"};
-    }
-    mettre(appel, lieu.masque, fiches, lieu.refaisable);
-    const bool juste = dire(verifierBases(appel.fichiers, lieu.masque), appel.erreurs);
-    return juste ? bon : mauvaisesBases;
 }
 
 } // namespace grimoval::outils

@@ -42,10 +42,9 @@ Lieu Appel::lieu(const Texte *dossier) {
 
 Texte raison(const Appel &appel, const Texte &chemin, int numero) {
     if (numero == failure::permissionDenied && ::geteuid() != 0) {
-        return montrable(chemin) +
-               u" : il faut le mot de passe de l'administrateur. Recommencez en mettant "
-               u"sudo devant :\n  sudo " +
-               appel.ligne;
+        return montrable(chemin) + u" : il faut le mot de passe de l'administrateur. Recommencez " +
+               (appel.ligne ? u"en mettant sudo devant :\n  sudo " + *appel.ligne
+                            : Texte(u"la même commande en mettant sudo devant."));
     }
     return montrable(chemin) + u" : " + failureMeaning(numero) + u" (erreur " + decimal(numero) +
            u")";

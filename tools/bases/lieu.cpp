@@ -1,11 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tools/bases/lieu.h"
 
-#include <cerrno>
-#include <fcntl.h>
 #include <filesystem>
-#include <sys/file.h>
-#include <unistd.h>
 
 namespace grimoval::outils {
 
@@ -36,6 +32,7 @@ Lieu lieuDe(Files &fichiers, const Texte &dossier) {
     lieu.images = enTexte(nomme.parent_path() / "IMAGES");
     lieu.modeles = enTexte(nomme.parent_path() / "mots");
     lieu.listes = enTexte(reel.parent_path() / "listes");
+    lieu.registre = enTexte(reel.parent_path() / "bases-faites.txt");
     lieu.refaisable = fichiers.folderExists(lieu.modeles);
     return lieu;
 }
@@ -57,17 +54,5 @@ Texte jeuInstalle() {
     }
     return {};
 }
-
-Verrou::Verrou(Files &fichiers, const Texte &dossier)
-    : descripteur_(::open(fichiers.resolve(dossier).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
-    if (descripteur_ < 0) {
-        throw Failure(errno == ENOENT ? static_cast<int>(failure::pathNotFound) : failureOf(errno));
-    }
-    // A disk without locks has one writer as well, by all likelihood.
-    while (::flock(descripteur_, LOCK_EX) != 0 && errno == EINTR) {
-    }
-}
-
-Verrou::~Verrou() { ::close(descripteur_); }
 
 } // namespace grimoval::outils

@@ -7,11 +7,12 @@
 namespace grimoval::outils {
 
 struct Lieu {
-    Texte masque;  // the folder of the bases
-    Texte images;  // of the game that it belongs to
-    Texte modeles; // sources of the themes that the game comes with
-    Texte listes;  // sources of the themes that were added: beside the folder of the bases itself,
-                   // also where the game holds but a link to it
+    Texte masque;   // the folder of the bases
+    Texte images;   // of the game that it belongs to
+    Texte modeles;  // sources of the themes that the game comes with
+    Texte listes;   // sources of the themes that were added: beside the folder of the bases itself,
+                    // also where the game holds but a link to it
+    Texte registre; // beside them: the bases that were made of sources
 
     // Whether the bases can be made anew from their sources. Otherwise they are all there is.
     bool refaisable = false;
@@ -23,17 +24,5 @@ Lieu lieuDe(Files &fichiers, const Texte &dossier);
 // The game that this program belongs to: in its own folder, beside it as `grimoval`, or in
 // ../share/games/grimoval. Empty if there is none.
 Texte jeuInstalle();
-
-// One writer at a time: waits for another one to end. Nothing but this program asks for it.
-class Verrou {
-public:
-    Verrou(Files &fichiers, const Texte &dossier);
-    ~Verrou();
-    Verrou(const Verrou &) = delete;
-    Verrou &operator=(const Verrou &) = delete;
-
-private:
-    int descripteur_;
-};
 
 } // namespace grimoval::outils

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // grimbases: makes, changes, checks and prints word bases.
 #include "tools/bases/commandes.h"
+#include "tools/bases/ligne.h"
 #include "tools/bases/noms.h"
 
 #include <algorithm>
@@ -101,27 +102,15 @@ int executer(Appel &appel) {
     return commande->faire(appel);
 }
 
-// As it could be typed again.
-Texte motDeLigne(const Texte &mot) {
-    Texte cite = u"'";
-    for (const char16_t c : mot) {
-        cite += c == u'\'' ? Texte(u"'\\''") : Texte(1, c);
-    }
-    const bool simple = mot.find_first_of(u" '\"\\$&();<>|*?[]#~`!") == Texte::npos;
-    return simple && !mot.empty() ? mot : cite + u"'";
-}
-
 } // namespace
 
 int main(int nombre, char **arguments) {
     // What is made is there for every account, also where the administrator's own files are not.
     ::umask(::umask(0) & 022);
     std::signal(SIGXFSZ, SIG_IGN); // beyond a limit of file size the disk is full, and no more
-    Appel appel{{}, {}, u"grimbases", std::cout, std::cerr};
-    for (int i = 1; i < nombre; ++i) {
-        appel.mots.push_back(fromPath(arguments[i]));
-        appel.ligne += u" " + motDeLigne(appel.mots.back());
-    }
+    const std::vector<std::string> mots(arguments + std::min(1, nombre), arguments + nombre);
+    Appel appel{{}, {}, ligneDe(mots), std::cout, std::cerr};
+    std::transform(mots.begin(), mots.end(), std::back_inserter(appel.mots), fromPath);
     try {
         return executer(appel);
     } catch (const Arret &arret) {
