@@ -2,12 +2,18 @@
 """Help on the real program: one viewer beside the game, which goes on; silence where there is none; and
 a viewer that takes neither bad files nor anything from outside."""
 import os
+import pathlib
+import shutil
 import signal
 import socket
+import struct
 import time
+import unittest
+import zlib
 from types import SimpleNamespace
 
 from partie import HIDDEN, Failed, GameTest, Program, letters, main, wait_for
+from watch import is_watched, megabytes
 
 INDEX = "Bienvenue dans l'aide"
 
@@ -17,7 +23,7 @@ class Viewer(Program):
 
     def __init__(self, screen, pid):  # pylint: disable=super-init-not-called
         self.screen = screen
-        self.process = SimpleNamespace(pid=pid)
+        self.process = SimpleNamespace(pid=pid, poll=lambda: None)
 
 
 class HelpTest(GameTest):
@@ -136,6 +142,45 @@ class Help(HelpTest):
         self.viewer().await_one(name=INDEX)
 
 
+def png(width, height, *more):
+    """A picture, and chunks between its head and its pixels."""
+    def chunk(kind, content):
+        return (struct.pack(">I", len(content)) + kind + content
+                + struct.pack(">I", zlib.crc32(kind + content)))
+    return (b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", struct.pack(">IIBBBBB", width, height, 8, 6, 0, 0, 0))
+            + b"".join(chunk(*one) for one in more)
+            + chunk(b"IDAT", zlib.compress((b"\0" + b"\x7f" * 4 * width) * height)) + chunk(b"IEND", b""))
+
+
+def container(html, pictures=None):
+    pictures = {} if pictures is None else pictures
+    html = html.encode()
+    return (b"GRIMHLP 1\nPAGE index %d Essai\n%s\n" % (len(html), html)
+            + b"".join(b"IMAGE %s %d\n%s\n" % (name.encode(), len(bytes_), bytes_)
+                       for name, bytes_ in pictures.items()) + b"END\n")
+
+
+SQUARES = {f"P{n}.png": png(1024, 1024) for n in range(60)}
+BOMB = {"P.png": png(4, 4, *[(b"zTXt", b"a\0\0" + zlib.compress(b"x" * 900_000, 9))] * 900)}
+HOSTILE = {
+    "tables in tables": ("<table><tr><td>" * 4000, {}),
+    "lists in lists": ("<ul><li>" * 7000, {}),
+    "quotations in quotations": ("<blockquote>" * 5000, {}),
+    "bold in bold": ("<b>" * 20000, {}),
+    "wide cells": ("<table><tr>" + "<td colspan=30000 rowspan=30000>a" * 300 + "</table>", {}),
+    "many columns": ("<table><tr>" + "<td>a</td>" * 6000 + "</tr></table>", {}),
+    "great measures": ('<table border="999999999" cellpadding="999999999" width="999999999"><tr><td>a</table>'
+                       '<p style="font-size:999999999px;margin:999999999px">a</p>', {}),
+    "many rules": ("<style>" + "p p p p{color:red}" * 1500 + "</style>" + "<p>" * 8000, {}),
+    "one word": ("<p>" + "a" * 60000, {}),
+    "accents upon accents": ("<p>a" + "\u0301" * 30000, {}),
+    "empty lines": ("<br>" * 15000, {}),
+    "many large pictures": ("".join(f'<img src="{name}">' for name in SQUARES), SQUARES),
+    "one picture many times": ('<img src="P.png">' * 3500, {"P.png": png(128, 128)}),
+    "picture that swells": ('<img src="P.png">', BOMB),
+}
+
+
 class Files(HelpTest):
     def write(self, content):
         file = os.path.join(self.screen.folder, "essai.HLP")
@@ -162,6 +207,7 @@ class Files(HelpTest):
             "path as a name": b"GRIMHLP 1\nPAGE ../index 3 Titre\nabc\nEND\n",
             "page twice": b"GRIMHLP 1\n" + page + page + b"END\n",
             "unknown part": b"GRIMHLP 1\n" + page + b"CODE x 3\nabc\nEND\n",
+            "page beyond its bound": container("a" * 70_000),
             "header without end": b"GRIMHLP 1\nPAGE index 3 " + b"T" * 5000,
         }
         for name, content in damaged.items():
@@ -194,6 +240,53 @@ class Files(HelpTest):
             viewer.await_one(name="Essai")
             self.screen.key("Escape")
             self.assertEqual(process.wait(10), 0)
+
+    @unittest.skipUnless(shutil.which("strace"), "strace is missing")
+    def test_no_file_that_a_page_names_is_opened(self):
+        self.pass_splash()
+        folder = self.screen.folder
+        for name, content in (("dehors.css", b"p { color: red }"), ("dehors.png", png(8, 8))):
+            pathlib.Path(folder, name).write_bytes(content)
+        places = [place + kind for kind in ("dehors.png", "dehors.css") for place in
+                  ("", "../", "../../", folder + "/", "file://" + folder + "/", "aide:/../", ":/", "qrc:/",
+                   "//" + folder + "/", "~/", "file:")]
+        html = "".join(
+            f'<link rel="stylesheet" href="{place}"><style>@import "{place}"; @import url({place});'
+            f'body {{ background: url({place}) }}</style>'
+            f'<p style="background-image: url({place})"><img src="{place}">'
+            f'<a title="&lt;img src=\'{place}\'&gt;" href="{place}">lien</a>'
+            f'<table background="{place}"><tr><td background="{place}">a</td></tr></table>'
+            f'<object data="{place}"></object><iframe src="{place}"></iframe>' for place in places)
+        trace = os.path.join(folder, "trace")
+        process = self.screen.start(
+            ["env", "ASAN_OPTIONS=detect_leaks=0", "strace", "-D", "-f", "-qq", "-o", trace,
+             "-e", "trace=%file", self.viewer_file, self.write(container(html))])
+        viewer = Viewer(self.screen, process.pid)
+        viewer.await_one(name="Essai")
+        for _ in range(3):
+            self.screen.key("Tab", "Return")
+        viewer.await_one(name="Essai")
+        self.screen.key("Escape")
+        process.wait(30)
+        calls = pathlib.Path(trace).read_text(encoding="utf-8", errors="replace")
+        self.assertIn("essai.HLP", calls)
+        self.assertEqual([line for line in calls.splitlines() if "dehors" in line], [])
+
+    def test_a_hostile_page_is_shown_soon_or_not_at_all(self):
+        self.pass_splash()
+        for name, (html, pictures) in HOSTILE.items():
+            with self.subTest(name):
+                start = time.monotonic()
+                process = self.screen.start(
+                    [self.viewer_file, self.write(container(html + "<p>fin", pictures))])
+                viewer = Viewer(self.screen, process.pid)
+                page = viewer.await_one(name="Essai")
+                self.assertTrue(page.text.endswith("fin") or "fin" in page.text[-20:])
+                if not is_watched(process):
+                    self.assertLess(time.monotonic() - start, 8)
+                    self.assertLess(megabytes(process), 300)
+                self.screen.key("Escape")
+                self.assertEqual(process.wait(10), 0)
 
 
 main()

@@ -2,7 +2,6 @@
 #include "tools/aide/alone.h"
 
 #include <QCryptographicHash>
-#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QLocalSocket>
@@ -24,9 +23,9 @@ constexpr qint64 longestKeyword = 200;
 } // namespace
 
 Alone::Alone(const QString &file) {
-    QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
     if (folder.isEmpty()) {
-        folder = QDir::tempPath();
+        return; // in a folder of everybody's any account could stand in the way
     }
     const QByteArray mark =
         QCryptographicHash::hash(file.toUtf8(), QCryptographicHash::Sha256).toHex().left(12);
@@ -61,6 +60,9 @@ bool Alone::take(const QString &keyword) {
 
 // Gone with the process, however it ends.
 bool Alone::lock() {
+    if (place_.isEmpty()) {
+        return true;
+    }
     const int descriptor = ::open(QFile::encodeName(place_ + QStringLiteral(".lock")).constData(),
                                   O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
     if (descriptor < 0) {

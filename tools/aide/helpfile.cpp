@@ -92,7 +92,7 @@ std::optional<HelpFile> HelpFile::parse(std::string_view bytes) {
             return std::nullopt;
         }
         bool fresh = false;
-        if (kind == "PAGE" && isPage(name)) {
+        if (kind == "PAGE" && isPage(name) && length <= largestPage) {
             fresh =
                 result.pages
                     .try_emplace(std::string(name), HelpPage{std::string(line), std::string(part)})

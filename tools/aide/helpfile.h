@@ -10,7 +10,8 @@
 // rest of its line. A name is of small letters, digits and "_", of at most 40 characters; the
 // pictures have their own names, ended by ".png", as the pages write them. A length is in decimal.
 // A page leads to another by the name that its source file has, "name.html". The keyword by which a
-// page is asked for is its name, whatever the case.
+// page is asked for is its name, whatever the case. Of the HTML no more is shown than what
+// tools/aide/page.h passes on.
 //
 // A file that is not of this form in every point is no help at all: nothing of it is shown.
 #pragma once
@@ -31,6 +32,7 @@ struct HelpPage {
 struct HelpFile {
     static constexpr std::size_t largestFile = 16 << 20;
     static constexpr std::size_t largestPart = 1 << 20;
+    static constexpr std::size_t largestPage = 64 << 10; // of HTML
     static constexpr std::size_t mostParts = 500;
 
     std::map<std::string, HelpPage> pages;

@@ -2,6 +2,7 @@
 #include "tools/aide/viewer.h"
 
 #include "platform/qt/painting.h"
+#include "tools/aide/page.h"
 
 #include <QBuffer>
 #include <QGuiApplication>
@@ -22,7 +23,8 @@ namespace {
 
 const QString scheme = QStringLiteral("aide");
 const QString index = QStringLiteral("index");
-constexpr int widestSign = 128; // pixels in the file
+constexpr int widestSign = 128;           // pixels in the file
+constexpr qint64 mostPixels = 24'000'000; // of the pictures of a page as they are shown
 
 // As the game does: its window is 580 units high and takes most of the screen.
 double factorOf(const QScreen *screen) {
@@ -70,6 +72,14 @@ QString pageSheet(double factor) {
         .arg(px(28, factor), px(21, factor), px(4, factor));
 }
 
+// What an address of the help file names; empty for any other.
+std::string nameOf(const QUrl &address) {
+    const QString path = address.path();
+    return address.scheme() == scheme && address.host().isEmpty() && path.startsWith(u'/')
+               ? path.mid(1).toStdString()
+               : std::string();
+}
+
 } // namespace
 
 HelpText::HelpText(HelpFile help, double factor, QWidget *parent)
@@ -91,9 +101,7 @@ HelpText::HelpText(HelpFile help, double factor, QWidget *parent)
 }
 
 // A page by its name; any other address is none.
-std::string HelpText::pageOf(const QUrl &name) const {
-    return name.scheme() == scheme ? help_.pageFor(name.fileName().toStdString()) : std::string();
-}
+std::string HelpText::pageOf(const QUrl &name) const { return help_.pageFor(nameOf(name)); }
 
 void HelpText::show(const QString &keyword) {
     const std::string page = help_.pageFor(keyword.toStdString());
@@ -103,33 +111,48 @@ void HelpText::show(const QString &keyword) {
 
 void HelpText::doSetSource(const QUrl &name, QTextDocument::ResourceType /*type*/) {
     if (!pageOf(name).empty()) {
+        pixels_ = 0;
         QTextBrowser::doSetSource(name, QTextDocument::HtmlResource);
     }
 }
 
+// What is not in the help file is there all the same, and empty: for what has no answer the toolkit
+// looks among the files of the disk.
 QVariant HelpText::loadResource(int type, const QUrl &name) {
     if (type == QTextDocument::HtmlResource) {
         const std::string page = pageOf(name);
-        return page.empty() ? QString() : QString::fromStdString(help_.pages.at(page).html);
+        return QString::fromStdString(page.empty() ? page
+                                                   : plainPage(help_, help_.pages.at(page).html));
     }
-    const auto found = help_.images.find(name.fileName().toStdString());
-    if (type != QTextDocument::ImageResource || found == help_.images.end()) {
-        return {};
+    if (type == QTextDocument::ImageResource) {
+        return picture(nameOf(name));
     }
-    QByteArray bytes = QByteArray::fromStdString(found->second);
+    return QByteArray(" ");
+}
+
+QImage HelpText::picture(const std::string &name) {
+    QImage nothing(1, 1, QImage::Format_ARGB32_Premultiplied);
+    nothing.fill(Qt::transparent);
+    const auto found = help_.images.find(name);
+    const auto plain = found == help_.images.end() ? std::nullopt : plainPicture(found->second);
+    if (!plain) {
+        return nothing;
+    }
+    QByteArray bytes = QByteArray::fromStdString(*plain);
     QBuffer buffer(&bytes);
-    QImageReader reader(&buffer, "png");
-    const QSize size = reader.size();
-    if (!size.isValid() || size.width() > 1024 || size.height() > 1024) {
-        return {};
-    }
-    const QImage image = reader.read().convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    const QImage image =
+        QImageReader(&buffer, "png").read().convertToFormat(QImage::Format_ARGB32_Premultiplied);
     if (image.isNull()) {
-        return {};
+        return nothing;
     }
     const int width = image.width() <= widestSign ? sign_ : view_;
-    QImage fitting = image.scaled(QSize(width, width) * devicePixelRatio(), Qt::KeepAspectRatio,
-                                  Qt::SmoothTransformation);
+    const QSize size =
+        image.size().scaled(QSize(width, width) * devicePixelRatio(), Qt::KeepAspectRatio);
+    pixels_ += qint64(size.width()) * size.height();
+    if (size.isEmpty() || pixels_ > mostPixels) {
+        return nothing;
+    }
+    QImage fitting = image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     fitting.setDevicePixelRatio(devicePixelRatio());
     return fitting;
 }

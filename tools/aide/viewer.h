@@ -26,9 +26,11 @@ protected:
 
 private:
     std::string pageOf(const QUrl &name) const;
+    QImage picture(const std::string &name);
 
     HelpFile help_;
-    int sign_, view_; // the width of a button in the text, and of a picture of a window
+    int sign_, view_;   // the width of a button in the text, and of a picture of a window
+    qint64 pixels_ = 0; // of the pictures of this page
 };
 
 class HelpWindow : public QWidget {
