@@ -83,6 +83,13 @@ TEST_F(OwnLists, TakeThePlaceOfAThemeOfTheGameAlsoAfterAnUpgrade) {
     EXPECT_EQ(offered(), expected);
 }
 
+TEST_F(OwnLists, ComeBackWhereTheFolderOfTheBasesIsGone) {
+    good({"ajouter", list(u"a.txt", "ALGUE\n")});
+    std::filesystem::remove_all(in(var + u"MASK"));
+    good({"refaire", in(game)});
+    EXPECT_EQ(offered(), with(shippedOffer, "A", {"ALGUE"}));
+}
+
 TEST_F(OwnLists, GoWhenAsked) {
     good({"ajouter", list(u"a.txt", "Titre : Un\nALGUE\n"),
           list(u"b.txt", "Titre : L'été\nSABLE\n"), list(u"c.txt", "Titre : Trois\nPLAGE\n")});

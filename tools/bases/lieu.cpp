@@ -16,7 +16,10 @@ Texte enTexte(const fs::path &chemin) { return fromPath(chemin.string()); }
 Lieu lieuDe(Files &fichiers, const Texte &dossier) {
     Lieu lieu;
     const Texte dedans = asFolder(dossier) + u"MASK";
-    lieu.masque = fichiers.folderExists(dedans) ? dedans : dossier;
+    // Of a game whose bases are gone the sources are left.
+    const bool jeu =
+        fichiers.folderExists(dedans) || fichiers.folderExists(asFolder(dossier) + u"mots");
+    lieu.masque = jeu ? dedans : dossier;
     std::error_code erreur;
     fs::path nomme = fs::absolute(fichiers.resolve(lieu.masque), erreur).lexically_normal();
     if (!nomme.has_filename()) { // a separator at the end
