@@ -4,8 +4,9 @@ lie elsewhere, and under a limit of file size. What it writes lies where it shou
 import os
 import re
 import shutil
+import subprocess
 
-from partie import GameTest, Program, main
+from partie import GRIMBASES, GameTest, Program, main
 
 OWN = ".local/share/Calvenor/Le Grimoval"
 FILES = ["GRIMOVA.INI", "SCORGRIM.BAK", "SCORGRIM.TXT"]
@@ -119,6 +120,17 @@ class Limit(HomeTest):
         self.quit()
         with open(self.data("SCORGRIM.TXT"), "rb") as file:
             self.assertEqual(file.read(), before)
+
+    def test_of_file_size_is_told_by_grimbases(self):
+        bases, sources = os.path.join(self.tree, "MASK"), os.path.join(self.screen.folder, "sources")
+        with open(os.path.join(sources, "NEUF.txt"), "w", encoding="utf-8") as file:
+            file.write("Titre : Nouveau\nQUATRE\nDEUX\nTROIS\n")
+        before = sorted(os.listdir(bases))
+        made = subprocess.run(["prlimit", "--fsize=100", GRIMBASES, "construire", sources, bases],
+                              capture_output=True, text=True, check=False)
+        self.assertEqual(made.returncode, 1)
+        self.assertIn("Le disque est plein", made.stderr)
+        self.assertEqual(sorted(os.listdir(bases)), before)
 
 
 main()
