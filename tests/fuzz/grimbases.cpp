@@ -58,6 +58,23 @@ Offer offered(Machine &machine, const Texte &folder) {
     return offer;
 }
 
+void remake(Machine &machine) {
+    const Texte mask = machine.g.dossiers.DossierBases;
+    std::vector<std::string> before;
+    for (const char16_t *name : bases) {
+        before.push_back(machine.folder.read(name));
+    }
+    const bool empty = before.front().size() < 84;
+    const std::string said = call(outils::refaire, {mask}).said;
+    for (std::size_t i = 0; i < bases.size(); ++i) {
+        law(machine.folder.read(bases[i]) == before[i], "who remakes loses no base");
+    }
+    law(empty || offered(machine, mask).size() == bases.size(), "what was remade can be played");
+    law(empty || machine.messages.empty(), "what was remade is played without a word");
+    law(empty == (said.find("ni liste de mots ni base") != std::string::npos),
+        "there is nothing to remake, or it is remade");
+}
+
 } // namespace
 
 // The first byte is the number of records of the list, which follow; the rest stands in each base.
@@ -67,11 +84,19 @@ void grimbases(std::string_view bytes) {
     }
     const std::size_t length = std::min<std::size_t>(
         bytes.size() - 1, (static_cast<unsigned char>(bytes[0]) % 8) * std::size_t{52});
-    Machine machine;
-    machine.folder.write(u"MASK/GRIMV.LST", std::string(bytes.substr(1, length)));
-    for (const char16_t *name : bases) {
-        machine.folder.write(name, std::string(bytes.substr(1 + length)));
+    const auto lay = [&](Machine &machine) {
+        machine.folder.write(u"MASK/GRIMV.LST", std::string(bytes.substr(1, length)));
+        for (const char16_t *name : bases) {
+            machine.folder.write(name, std::string(bytes.substr(1 + length)));
+        }
+    };
+    {
+        Machine another;
+        lay(another);
+        remake(another);
     }
+    Machine machine;
+    lay(machine);
     const Texte mask = machine.g.dossiers.DossierBases;
     const std::vector<std::string> before = contents(machine.folder);
     const bool good = call(outils::verifier, {mask}).status == outils::bon;

@@ -7,10 +7,13 @@
 #include "tools/bases/commandes.h"
 
 #include <chrono>
+#include <csignal>
 #include <fcntl.h>
 #include <sstream>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
+#include <system_error>
 #include <unistd.h>
 
 namespace grimoval::test::grimbases_neighbours {
