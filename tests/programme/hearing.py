@@ -102,6 +102,7 @@ class Ear:
 
 class SoundTest(GameTest):
     driver = "disk"
+    thinking_time = 120  # the machine may be busy
 
     def setUp(self):
         test = self

@@ -27,6 +27,8 @@ class Viewer(Program):
 
 
 class HelpTest(GameTest):
+    thinking_time = 120  # the machine may be busy
+
     def setUp(self):
         super().setUp()
         self.viewer_file = os.path.join(self.tree, "grimoval-aide")

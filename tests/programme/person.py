@@ -8,6 +8,7 @@ from partie import HIDDEN, GameTest, letters, main, wait_for
 
 class Keyboard(GameTest):
     words = ["ÊTRE HUMAIN", "LE ROI DES PRÊTRES"]
+    thinking_time = 120  # the machine may be busy
 
     def test_dead_key_composed_or_alone_proposes_nothing(self):
         self.screen.keyboard("fr")

@@ -30,6 +30,9 @@ def wait_for(question, what, seconds=15.0):
             return answer
         if time.monotonic() > end:
             raise Failed(f"after {seconds:g} s there was still no: {what() if callable(what) else what}")
+        # What the bus tells meanwhile is taken at once: it may be of a thing that soon goes.
+        while GLib.MainContext.default().iteration(False):
+            pass
         time.sleep(0.03)
 
 
