@@ -12,7 +12,7 @@
 
 #include <csignal>
 
-int main(int count, char **arguments) {
+int main() {
     using namespace grimoval;
     std::signal(SIGXFSZ, SIG_IGN); // beyond a limit of file size the disk is full, and no more
     QtApplication application;
@@ -20,6 +20,10 @@ int main(int count, char **arguments) {
     if (application.previousInstance()) {
         return 0;
     }
+    // The program takes no arguments, and its toolkit gets none.
+    char name[] = "grimoval";
+    char *arguments[] = {name, nullptr};
+    int count = 1;
     QApplication toolkit(count, arguments);
 
     Files files;
@@ -44,8 +48,10 @@ int main(int count, char **arguments) {
         windows.setIcon();
     });
 
-    // The leave-taking is heard to its end after the last window has gone.
-    windows.guard().end = [&sound](int status) {
+    // The leave-taking is heard to its end behind an empty screen.
+    windows.guard().end = [&](int status) {
+        windows.leave();
+        application.release();
         sound.finishWave(std::chrono::seconds(5));
         endProcess(status);
     };

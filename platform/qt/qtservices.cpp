@@ -120,9 +120,12 @@ std::string QtDocuments::helpViewerFor(const std::string &programFolder) {
                : fs::canonical(installed, error).string();
 }
 
-QtApplication::~QtApplication() {
+QtApplication::~QtApplication() { release(); }
+
+void QtApplication::release() {
     if (lock_ >= 0) {
         ::close(lock_);
+        lock_ = -1;
     }
 }
 

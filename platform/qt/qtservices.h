@@ -16,6 +16,7 @@ public:
 
 class QtRandom : public Random {
 public:
+    QtRandom() { QtRandom::seed(); }
     void seed() override;
     float next() override;
 
@@ -43,6 +44,8 @@ public:
     ~QtApplication() override;
     // By a lock that the kernel drops with the process, however it ends.
     bool previousInstance() override;
+    // Another may begin: this one writes nothing any more.
+    void release();
     Texte path() override;
     std::optional<Texte> userDataFolder() override;
 

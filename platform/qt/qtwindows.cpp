@@ -271,3 +271,10 @@ void QtWindows::beep() { QApplication::beep(); }
 void QtWindows::checkPicture(const Texte &path) { pictures_.check(path); }
 
 } // namespace grimoval
+void QtWindows::leave() {
+    for (QWidget *window : QApplication::topLevelWidgets()) {
+        window->hide();
+    }
+    QGuiApplication::sync();
+}
+

@@ -27,6 +27,9 @@ public:
     // What task bars and lists of windows show. The splash, which is in none, does not wait for it.
     void setIcon();
 
+    // All of them go, the backdrop too, and the screen shows it: the program has come to its end.
+    void leave();
+
     // The form will soon be shown: reads its background meanwhile.
     void foresee(const Form &form);
 

@@ -2,11 +2,14 @@
 #include "platform/qt/qtservices.h"
 
 #include "qt/bench.h"
+#include "shell/GLBPAROL.h"
+#include "support/program.h"
 
 #include <QDateTime>
 #include <QFileInfo>
 
 #include <csignal>
+#include <set>
 
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -49,6 +52,23 @@ TEST(Services, TwoSeedingsGiveTwoSequences) {
     EXPECT_LT(equal, 3);
 }
 
+// A run without a game never seeds it: the goodbye alone asks for chance.
+TEST(Services, BothGoodbyesAreHeardOverRunsWithoutAGame) {
+    std::set<std::string> heard;
+    for (int run = 0; run < 64; ++run) {
+        NoWindows windows;
+        Program program(windows);
+        QtRandom random;
+        Services services{program.screen, program.files,     program.clock,       random,
+                          program.sound,  program.documents, program.application, program.printer};
+        program.sound.sink = [&](const std::string &line) { heard.insert(line); };
+        Globales g(services);
+        g.son.WavPresent = g.son.ParoleActive = 1;
+        JouerParole(g, parole::auRevoir);
+    }
+    EXPECT_EQ(heard, (std::set<std::string>{"parole AlaProch.Wav", "parole Salut1.Wav"}));
+}
+
 // A variable of the environment, as it was before when this goes.
 class Environment {
 public:
@@ -85,6 +105,13 @@ TEST_F(Instance, ASecondOneIsToldAndTheFirstIsNot) {
     EXPECT_FALSE(first.previousInstance());
     EXPECT_FALSE(first.previousInstance());
     EXPECT_TRUE(second.previousInstance());
+}
+
+TEST_F(Instance, OneThatHasTakenItsLeaveBarsNoOther) {
+    QtApplication first, second;
+    EXPECT_FALSE(first.previousInstance());
+    first.release();
+    EXPECT_FALSE(second.previousInstance());
 }
 
 TEST_F(Instance, TheLockGoesWithTheProcessHoweverItDies) {

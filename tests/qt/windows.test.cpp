@@ -350,7 +350,21 @@ TEST_F(Windows, TheHourglassIsUpExactlyWhileTheScreenAsksForIt) {
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
-TEST_F(Windows, ProcessEventsLetsWaitingActionsIn) {
+TEST_F(Windows, AtTheEndAllOfThemGoTheBackdropToo) {
+    TestForm backdrop(bench.screen, "Fplein"), menu(bench.screen, "FMenu"),
+        above(bench.screen, "FScore2");
+    backdrop.backdrop = true;
+    for (TestForm *form : {&backdrop, &menu, &above}) {
+        form->show();
+    }
+    bench.windows.leave();
+    for (const TestForm *form : {&backdrop, &menu, &above}) {
+        EXPECT_FALSE(bench.windows.windowOf(*form)->isVisible()) << form->path();
+        EXPECT_FALSE(bench.windows.windowOf(*form)->windowHandle()->isVisible()) << form->path();
+    }
+}
+
+TEST_F(Windows, ProcessEventsLetsTimersIn) {
     bool done = false;
     Bench::later([&] { done = true; });
     bench.screen.processEvents();
