@@ -134,7 +134,7 @@ TEST_F(EndOfWord, GiveUpLetsPendingEventsRunBetweenThePromptAndTheBooking) {
     };
     ASSERT_TRUE(menu.CmdJeux[1].userClick());
     EXPECT_EQ(abandons, 0);
-    EXPECT_EQ(before.back(), "parole FauFaEff.Wav");
+    EXPECT_EQ(before.end()[-2], "parole FauFaEff.Wav"); // then that they are let in
 }
 
 TEST_F(EndOfWord, BooksTheErrorsOfPlayer1TwiceInMode3AndThoseOfPlayer2Once) {

@@ -186,7 +186,7 @@ TEST_F(FormLifeTest, TheScreenHandsOnWhatItIsAsked) {
     world.screen.processEvents();
     EXPECT_TRUE(asked);
     world.screen.beep();
-    EXPECT_EQ(take(), Events{"bip"});
+    EXPECT_EQ(take(), (Events{"evenements", "bip"}));
     world.folder.write(u"a.bmp", "BM");
     EXPECT_EQ(world.screen.loadPicture(world.folder.path(u"a.bmp")), world.folder.path(u"a.bmp"));
 }

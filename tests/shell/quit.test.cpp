@@ -3,6 +3,7 @@
 #include "support/failures.h"
 #include "support/game.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace grimoval::test {
@@ -182,6 +183,32 @@ TEST(Quitting, InTheMiddleOfAGameScoresItThenTakesItsLeave) {
     EXPECT_FALSE(game.menu.isLoaded());
     EXPECT_EQ(game.prompts(), (Events{"Quitter.Wav", "Score.Wav", "AlaProch.Wav"}));
     EXPECT_TRUE(game.folder.exists(u"donnees/Calvenor/Le Grimoval/SCORGRIM.TXT"));
+}
+
+// The question has gone from the screen before anything else comes.
+TEST(Quitting, LetsPendingEventsInBetweenTheAnswerAndTheScore) {
+    Game game;
+    game.start({.words = {u"AMI", u"OIE"}});
+    answer(game, 1);
+    game.windows.expectModal("FScore2", [&](Form &form) {
+        const Events events = game.windows.take();
+        const auto place = [&](const char *event) {
+            return std::find(events.begin(), events.end(), event) - events.begin();
+        };
+        EXPECT_LT(place("fenetre Fmsg1 dechargee"), place("evenements"));
+        EXPECT_LT(place("evenements"), place("parole Score.Wav"));
+        form.requestClose();
+    });
+    game.windows.take();
+    game.menu.requestClose();
+    EXPECT_EQ(game.prompts(), Events{"AlaProch.Wav"});
+}
+
+TEST(Quitting, RefusedLetsNoneIn) {
+    Game game;
+    answer(game, 2);
+    game.menu.requestClose();
+    EXPECT_EQ(only(game.windows.take(), "evenements"), Events{});
 }
 
 TEST(Quitting, BetweenGamesShowsNoScoreAndTheLeaveTakingIsDrawn) {

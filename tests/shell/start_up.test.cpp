@@ -58,7 +58,8 @@ Events expected(Startup &start, const Row &row, bool sound) {
     add(menuLoads(!row.large, row.place));
     add(faces(start.folder.bytePath(u"grimoval/IMAGES/")));
     if (row.large) {
-        add({"Fplein.BackColor = #000040", "Fplein.WindowState = 2", "fenetre Fplein affichee"});
+        add({"Fplein.BackColor = #000040", "Fplein.WindowState = 2", "fenetre Fplein affichee",
+             "evenements"});
     }
     if (sound) {
         add({"musique CLVMID1.mid", "parole CALVENO.Wav"});

@@ -38,6 +38,7 @@ void RecordedWindows::runModal(Form &form) {
 }
 
 void RecordedWindows::processEvents() {
+    events.emplace_back("evenements");
     if (onProcessEvents) {
         onProcessEvents();
     }
