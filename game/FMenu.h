@@ -121,6 +121,7 @@ private:
     void rendreMot(); // the word of slot 1 can come again in this game
     void reglerVoile();
     void montrerNoms();
+    void montrerMode(); // what belongs to one mode alone
     void inviterJoueur(int joueur);
     std::size_t slotDuJoueur() const;
     bool limite() const { return g.reglages.RéflexionLimite != 0; }

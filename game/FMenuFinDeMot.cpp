@@ -118,6 +118,17 @@ void FMenu::AfficherScore() {
         decimal(g.scores.Score[static_cast<std::size_t>(JoueurCourant)]);
 }
 
+void FMenu::montrerMode() {
+    const int mode = g.reglages.NombreJoueur;
+    FluxScore.Visible = mode == 1;
+    Bord[3].Visible = mode != 1;
+    CmdJeux[1].Visible = mode == 1;
+    if (mode == 3 && !CmdJeux[2].Visible) {
+        CmdJeux[2].Inactif = true; // player 2's turn alone opens it
+    }
+    CmdJeux[2].Visible = mode == 3;
+}
+
 bool FMenu::AfficherJoueurs() {
     const auto &nom = g.joueurs.NomJoueur;
     // First name and the initial of the family name: Marie D.
@@ -134,19 +145,10 @@ bool FMenu::AfficherJoueurs() {
         }
         Bord[3].Tag = nomCourt(3, 4);
         Rappel[2].Caption = Bord[3].Tag;
-        FluxScore.Visible = false;
-        Bord[3].Visible = true;
-        if (g.reglages.NombreJoueur == 3) {
-            CmdJeux[2].Visible = true;
-        }
-    } else {
-        if (trim(nom[1].text()).empty()) {
-            return false;
-        }
-        FluxScore.Visible = true;
-        Bord[3].Visible = false;
-        CmdJeux[1].Visible = true;
+    } else if (trim(nom[1].text()).empty()) {
+        return false;
     }
+    montrerMode();
     Bord[2].Tag = nomCourt(1, 2);
     Rappel[1].Caption = Bord[2].Tag;
     return true;

@@ -58,6 +58,7 @@ void FMenu::Form_Activate() {
     FluReflec.Valeur = 0;
     FluReflec.TexteFlux = u"0";
     FluReflec.Visible = limite();
+    montrerMode(); // it may come from the settings, or have changed without names
 }
 
 // The label of the player to move invites, the other shows the name alone.

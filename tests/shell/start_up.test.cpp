@@ -67,7 +67,8 @@ Events expected(Startup &start, const Row &row, bool sound) {
     if (row.large) {
         add({R"(FMenu.Caption = "Le Grimoval ")"});
     }
-    add({"fenetre FMenu affichee", R"(FMenu.FluReflec.TexteFlux = "0")", "pointeur 0",
+    add({"fenetre FMenu affichee", R"(FMenu.FluReflec.TexteFlux = "0")",
+         "FMenu.FluxScore.Visible = Vrai", "FMenu.CmdJeux(1).Visible = Vrai", "pointeur 0",
          "fenetre FMenu cachee"});
     return events;
 }
