@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/qt/nativeviews.h"
 
+#include <QFontMetricsF>
 #include <QHeaderView>
 #include <QStyledItemDelegate>
 
@@ -11,7 +12,7 @@ namespace grimoval {
 
 namespace {
 
-// A cell's text, smaller rather than cut.
+// A cell's text: in two lines where that lets it be larger, and cut rather than too small to read.
 class CellPainter : public QStyledItemDelegate {
 public:
     explicit CellPainter(TableView &table) : QStyledItemDelegate(&table), table_(table) {}
@@ -24,12 +25,38 @@ public:
         }
         const double f = table_.factor();
         const QColor colour = index.row() == 0 ? shade::goldLight : QColor(Qt::white);
-        drawFitted(*painter, QRectF(option.rect).adjusted(4 * f, 1, -4 * f, -1),
-                   index.data().toString(), pixelsOf(11, f), true, false, Qt::AlignCenter, colour);
+        const QRectF place = QRectF(option.rect).adjusted(4 * f, 1, -4 * f, -1);
+        const double usual = pixelsOf(11, f), least = std::max(8.5, 9 * f);
+        QString text = index.data().toString();
+        double pixels = fittingPixels(text, place.size(), usual, true, false);
+        const double inLines = fittingPixels(text, place.size(), usual, true, true);
+        const bool wraps = inLines > pixels || pixels < least;
+        if (std::max(pixels, inLines) < least) {
+            text = cut(text, place.width(), least);
+            pixels = least;
+        } else {
+            pixels = std::max(pixels, inLines);
+        }
+        painter->setFont(fontOf(pixels, true));
+        painter->setPen(colour);
+        painter->drawText(place,
+                          int(Qt::AlignCenter) | int(Qt::TextDontClip) |
+                              (wraps ? int(Qt::TextWordWrap) : 0),
+                          text);
         painter->restore();
     }
 
 private:
+    // Each word ends where its line does.
+    static QString cut(const QString &text, double width, double pixels) {
+        const QFontMetricsF metrics(fontOf(pixels, true));
+        QStringList words = text.split(u' ', Qt::SkipEmptyParts);
+        for (QString &word : words) {
+            word = metrics.elidedText(word, Qt::ElideRight, width);
+        }
+        return words.join(u' ');
+    }
+
     TableView &table_;
 };
 
@@ -92,7 +119,8 @@ void TableView::resizeEvent(QResizeEvent *event) {
     arrange();
 }
 
-// The columns keep their proportions and the rows share the height, so that all is in view.
+// The columns keep their proportions and the rows share the height, so that all is in view. The
+// first row, of the names, has room for two lines.
 void TableView::arrange() {
     double sum = 0;
     for (const double width : widths_) {
@@ -111,10 +139,13 @@ void TableView::arrange() {
         setColumnWidth(column, share(left, width));
         left += width;
     }
-    const double height =
-        std::min(viewport()->height() / std::max(1.0, double(rowCount())), 34 * factor_);
+    constexpr double first = 1.5; // of the height of another
+    const double height = std::min(viewport()->height() / (rowCount() - 1 + first), 34 * factor_);
+    double top = 0;
     for (int row = 0; row < rowCount(); ++row) {
-        setRowHeight(row, share(row * height, height));
+        const double own = row == 0 ? first * height : height;
+        setRowHeight(row, share(top, own));
+        top += own;
     }
 }
 

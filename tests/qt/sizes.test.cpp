@@ -2,7 +2,9 @@
 // The windows of the game on the screens that schools and families have: all that is on view lies
 // inside its window, nothing lies over the word, and every text is whole.
 #include "qt/bench.h"
+#include "qt/written.h"
 #include "support/program.h"
+#include "tools/bases/catalogue.h"
 
 #include "platform/qt/strings.h"
 
@@ -12,7 +14,10 @@ namespace grimoval::test {
 namespace {
 
 struct Sizes : testing::TestWithParam<QSize> {
-    Sizes() { windows.setFactor(QtWindows::factorFor(GetParam())); }
+    Sizes() {
+        windows.setFactor(QtWindows::factorFor(GetParam()));
+        program.g.dossiers.DossierImages = asFolder(fromUtf8(GRIMOVAL_SOUNDS "/../IMAGES"));
+    }
 
     // At its own size: the screen of this platform would have the main window fill it.
     FormWindow &load(Form &form) {
@@ -41,6 +46,46 @@ struct Sizes : testing::TestWithParam<QSize> {
         menu.FluReflec.TexteFlux = u"120";
         menu.FluxScore.TexteFlux = u"32767/32767";
         return menu;
+    }
+    // With names and numbers as long as they can be.
+    FScore2 &score(int mode, const Texte &name) {
+        Globales &g = program.g;
+        g.reglages.NombreJoueur = mode;
+        for (std::size_t field = 1; field <= 4; ++field) {
+            g.joueurs.NomJoueur[field] = name;
+        }
+        g.base.TitreBase = Texte(30, u'M');
+        g.scores.NbMotsProposes = g.scores.NbMotsBase = 32767;
+        g.scores.Abandons = g.scores.MauvaisesLettres = g.scores.Score = {0, 32767, 32767};
+        FScore2 &score = program.windows.score;
+        score.unload();
+        load(score);
+        score.show(); // its labels come with it
+        return score;
+    }
+    FLstTitre &themes() {
+        outils::construireBases(
+            files,
+            {{u"UN", Texte(30, u'W'), {}, {{0, u"MOT"}}}, {u"DEUX", u"La mer", {}, {{0, u"MOT"}}}},
+            program.g.dossiers.DossierBases);
+        load(program.windows.titres);
+        return program.windows.titres;
+    }
+    // How much is drawn; all of it with letters of so many pixels at least. Fifteen times the
+    // widest letter, which no name has, may be smaller by a little.
+    std::size_t expectReadable(Form &form, double least) {
+        for (Control *control : form.controls()) {
+            if (auto *button = dynamic_cast<PictureButton *>(control)) {
+                button->Face = program.g.dossiers.DossierImages + u"_play.tga"; // no plain one
+            }
+        }
+        const auto written = writtenBy(*windows.windowOf(form));
+        for (const Written &each : written) {
+            const bool widest = each.text.startsWith(u'W');
+            EXPECT_GE(each.pixels, widest ? least - 1.5 : least)
+                << form.path() << ": " << each.text.toStdString();
+        }
+        return written.size();
     }
     QWidget *widget(Control &control) {
         Mirror *mirror = windows.windowOf(control.form())->mirrorOf(&control);
@@ -147,6 +192,34 @@ TEST_P(Sizes, EveryTextIsWholeAndNotTooSmall) {
                 << control->path() << ": " << toUtf8(label->Caption.get());
         }
     }
+}
+
+// Letters of 8.5 pixels have capitals of 6, the least that keeps an E from a B; where there is room
+// for more they have 10. Whatever draws them: labels, tiles, gauges, lists, tables.
+TEST_P(Sizes, WhateverIsDrawnCanBeRead) {
+    const double least = GetParam().height() < 768 ? 8.5 : 10; // pixels
+    for (Form *form : all()) {
+        load(*form);
+        expectReadable(*form, least);
+    }
+    EXPECT_GE(expectReadable(play(Texte(30, u'W')), least), 60U); // letters, names, gauges
+    EXPECT_GE(expectReadable(themes(), least), 3U);
+    for (const int mode : {1, 2, 3}) {
+        for (const Texte &name : {Texte(15, u'W'), Texte(u"MARIE-CHRISTINE"), Texte(u"LI")}) {
+            EXPECT_GE(expectReadable(score(mode, name), least), 20U);
+        }
+    }
+}
+
+// A name of usual letters is whole, in two lines if it must.
+TEST_P(Sizes, LongNamesInTheScoreTableAreWhole) {
+    const Form &form = score(3, u"MARIE-CHRISTINE");
+    int whole = 0;
+    for (const Written &each : writtenBy(*windows.windowOf(form))) {
+        whole += static_cast<int>(each.text.count(QStringLiteral("MARIE-CHRISTINE")));
+        EXPECT_FALSE(each.text.contains(u'…')) << each.text.toStdString();
+    }
+    EXPECT_EQ(whole, 4);
 }
 
 INSTANTIATE_TEST_SUITE_P(Screens, Sizes,
