@@ -104,15 +104,20 @@ void FormWindow::pressKey(const QKeyEvent &event) {
         return;
     }
     const bool inField = dynamic_cast<TextField *>(form_->focus()) != nullptr;
-    if (isDeadKey(event.key())) {
-        deadKey_ = !inField;
+    // A field has its characters composed; this window has no use for them.
+    if (inField) {
+        composition_.end();
+        if (event.key() == Qt::Key_Multi_key || isDeadKey(event.key())) {
+            return;
+        }
+    } else if (composition_.begins(event.key())) {
         return;
     }
     // What follows a dead key is a part of one character that this window has no use for.
     const bool afterDeadKey = deadKey_;
     deadKey_ = false;
     Key key = keyOf(event);
-    if (afterDeadKey && !inField && key.character != 0) {
+    if (composition_.takes(key.character)) {
         return;
     }
     if (event.isAutoRepeat() && !isRepeatWelcome(event, form_->focus())) {

@@ -303,7 +303,7 @@ void FormWindow::tellReach() {
 }
 
 void FormWindow::hideMirror() {
-    deadKey_ = false;
+    composition_.end();
     hide();
 }
 

@@ -4,6 +4,7 @@
 
 #include "platform/form.h"
 #include "platform/qt/guard.h"
+#include "platform/qt/keys.h"
 #include "platform/qt/mirror.h"
 #include "platform/qt/palette.h"
 #include "platform/qt/pictures.h"
@@ -106,7 +107,7 @@ private:
     double factor_ = 1;
     QPoint origin_;
     bool forwarding_ = false, following_ = false, followPending_ = false;
-    bool deadKey_ = false;
+    Composition composition_;
     bool inView_ = false, seen_ = false, wasOpen_ = false;
 };
 

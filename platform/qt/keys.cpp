@@ -20,7 +20,6 @@ bool isModifier(int qtKey) {
     case Qt::Key_Hyper_L:
     case Qt::Key_Hyper_R:
     case Qt::Key_Mode_switch:
-    case Qt::Key_Multi_key:
         return true;
     default:
         return false;
@@ -29,6 +28,40 @@ bool isModifier(int qtKey) {
 
 bool isDeadKey(int qtKey) {
     return qtKey >= Qt::Key_Dead_Grave && qtKey <= Qt::Key_Dead_Longsolidusoverlay;
+}
+
+bool Composition::begins(int qtKey) {
+    if (qtKey == Qt::Key_Multi_key) {
+        state_ = State::composing;
+        keys_ = 0;
+        letter_ = false;
+        return true;
+    }
+    if (!isDeadKey(qtKey)) {
+        return false;
+    }
+    if (state_ == State::composing) {
+        ++keys_;
+    } else {
+        state_ = State::accent;
+    }
+    return true;
+}
+
+bool Composition::takes(char16_t character) {
+    if (state_ == State::none || character == 0) {
+        end();
+        return false;
+    }
+    if (state_ == State::accent) {
+        end();
+        return true;
+    }
+    letter_ = letter_ || QChar(character).isLetterOrNumber();
+    if (++keys_ >= 2 && letter_) {
+        end();
+    }
+    return true;
 }
 
 Key keyOf(const QKeyEvent &event) {

@@ -14,4 +14,21 @@ bool isModifier(int qtKey);
 // An accent that waits for its letter.
 bool isDeadKey(int qtKey);
 
+// One character that several keys make: a dead key and its letter; the Compose key and what follows
+// it, two keys at least, up to a letter or a digit. A few rare characters have more of them.
+class Composition {
+public:
+    // True if the key is one that begins a character.
+    bool begins(int qtKey);
+    // The key that follows is a part of the character. Without a character of its own it ends it.
+    bool takes(char16_t character);
+    void end() { state_ = State::none; }
+
+private:
+    enum class State { none, accent, composing };
+    State state_ = State::none;
+    int keys_ = 0;
+    bool letter_ = false;
+};
+
 } // namespace grimoval

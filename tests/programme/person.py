@@ -33,6 +33,20 @@ class Keyboard(GameTest):
         self.assertEqual(self.program.label("Score du joueur 1"), str(len(letters(word)) + 5))
 
 
+    def test_the_compose_key_proposes_nothing(self):
+        self.screen.run("setxkbmap", "us", "-option", "compose:ralt")
+        self.start_game("1 Joueur", ("dupont", "marie"))
+        self.screen.key("Multi_key", "apostrophe", "e")   # é
+        self.screen.key("Multi_key", "e", "grave")        # è
+        self.screen.key("Multi_key", "o", "e")            # œ
+        self.screen.key("Multi_key", "comma", "c")        # ç
+        self.screen.key("r")
+        wait_for(lambda: self.state_of("R") == "trouvée", "R found")
+        for letter in "EOC":
+            self.assertEqual(self.state_of(letter), "disponible", letter)
+        self.assertEqual(self.program.label("Score du joueur 1"), "1")
+
+
 class WindowManager(GameTest):
     def test_modal_window_is_tied_to_its_opener(self):
         self.pass_splash()

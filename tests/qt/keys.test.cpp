@@ -163,6 +163,39 @@ TEST_F(Keys, ADeadKeyAndItsLetterProposeNothingAndTheNextLetterCounts) {
     EXPECT_EQ(form.keys, std::vector<int>{'e'});
 }
 
+// The keys of one character after the Compose key: signs and letters, in any order.
+TEST_F(Keys, TheComposeKeyAndItsKeysProposeNothingAndTheNextLetterCounts) {
+    bench.show(form);
+    for (const char *keys :
+         {"'e", "e'", "oe", "OE", ",c", "c,", "'^a", "_^a", "\"'u", "a'", "12"}) {
+        form.keys.clear();
+        bench.press(form, Qt::Key_Multi_key);
+        for (const QChar key : QString::fromLatin1(keys)) {
+            if (key.isUpper()) {
+                bench.press(form, Qt::Key_Shift, {}, Qt::ShiftModifier);
+            }
+            bench.press(form, key.toUpper().unicode(), QString(key));
+        }
+        bench.press(form, Qt::Key_R, QStringLiteral("r"));
+        EXPECT_EQ(form.keys, std::vector<int>{'r'}) << keys;
+    }
+}
+
+TEST_F(Keys, TheComposeKeyBeforeAKeyWithoutACharacterIsForgotten) {
+    bench.show(form);
+    bench.press(form, Qt::Key_Multi_key);
+    bench.press(form, Qt::Key_Return, QStringLiteral("\r"));
+    bench.press(form, Qt::Key_A, QStringLiteral("a"));
+    EXPECT_EQ(form.keys, (std::vector<int>{13, 'a'}));
+    // And pressed twice it is one.
+    bench.press(form, Qt::Key_Multi_key);
+    bench.press(form, Qt::Key_Multi_key);
+    bench.press(form, Qt::Key_Apostrophe, QStringLiteral("'"));
+    bench.press(form, Qt::Key_E, QStringLiteral("e"));
+    bench.press(form, Qt::Key_B, QStringLiteral("b"));
+    EXPECT_EQ(form.keys, (std::vector<int>{13, 'a', 'b'}));
+}
+
 TEST_F(Keys, EnterAfterADeadKeyIsEnter) {
     bench.show(form);
     bench.press(form, Qt::Key_Dead_Circumflex);
