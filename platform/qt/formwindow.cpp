@@ -8,6 +8,7 @@
 
 #include <QCloseEvent>
 #include <QGuiApplication>
+#include <QMouseEvent>
 #include <QScreen>
 #include <QTimer>
 #include <QWindow>
@@ -329,8 +330,16 @@ void FormWindow::closeEvent(QCloseEvent *event) {
     door([](Form &form) { form.requestClose(); });
 }
 
-void FormWindow::mouseMoveEvent(QMouseEvent * /*event*/) {
-    door([](Form &form) { form.userHover(); });
+// Over a control that is greyed, too, which hands the mouse on to the window.
+void FormWindow::mouseMoveEvent(QMouseEvent *event) {
+    Control *control = controlOf(*this, childAt(event->position().toPoint()));
+    notice([control](Form &form) {
+        if (control != nullptr && control->MouseMove) {
+            control->userHover();
+        } else {
+            form.userHover();
+        }
+    });
 }
 
 // ---- focus

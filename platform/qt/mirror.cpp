@@ -24,6 +24,9 @@ void Mirror::refreshWidget() {
     if (const QString wanted = toQt(description()); change(view->accessibleDescription(), wanted)) {
         view->setAccessibleDescription(wanted);
     }
+    if (const QString wanted = toQt(tip()).toHtmlEscaped(); change(view->toolTip(), wanted)) {
+        view->setToolTip(wanted);
+    }
 }
 
 namespace {

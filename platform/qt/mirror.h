@@ -38,6 +38,7 @@ public:
 protected:
     virtual Texte name() const;
     virtual Texte description() const { return control_.accessibleDescription; }
+    virtual Texte tip() const { return {}; } // what the mouse is told
 
     FormWindow &window_;
 

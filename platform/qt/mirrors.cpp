@@ -61,9 +61,6 @@ void FaceMirror::refresh(const PropertyBase *property) {
     refreshWidget();
     if (property == nullptr || property == &subject_.Face) {
         view_->setFace(window_.pictures().image(subject_.Face));
-        if (subject_.tooltip) {
-            view_->setToolTip(toQt(subject_.accessibleName).toHtmlEscaped());
-        }
     }
 }
 
@@ -281,9 +278,6 @@ void PictureMirror::refresh(const PropertyBase *property) {
         view_->setPicture(subject_.PictureFile.get().empty()
                               ? window_.pictures().design(subject_.design)
                               : window_.pictures().image(subject_.PictureFile));
-    }
-    if (property == nullptr || property == &subject_.ToolTipText) {
-        view_->setToolTip(toQt(subject_.ToolTipText).toHtmlEscaped());
     }
     const Shape *shape = curtain();
     const bool hangs = shape != nullptr && isCurtain(*shape) && shape->Visible;

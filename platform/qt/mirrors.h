@@ -52,6 +52,7 @@ public:
 
 protected:
     Texte name() const override { return subject_.Caption; }
+    Texte tip() const override { return subject_.ToolTipText; }
 
 private:
     // What a screen reader says when the hidden word or the turn has changed.
@@ -64,6 +65,9 @@ class FaceMirror : public ViewMirror<PictureButton, FaceButton> {
 public:
     FaceMirror(FormWindow &window, PictureButton &control);
     void refresh(const PropertyBase *property) override;
+
+protected:
+    Texte tip() const override { return subject_.tooltip ? subject_.accessibleName : Texte(); }
 };
 
 class LetterMirror : public ViewMirror<LetterButton, LetterView> {
@@ -127,6 +131,7 @@ public:
     void refresh(const PropertyBase *property) override;
 
 protected:
+    Texte tip() const override { return subject_.ToolTipText; }
     Texte description() const override;
 
 private:

@@ -89,7 +89,9 @@ TEST_F(Mirrors, TheMouseOverAControlAndOverTheWindowIsToldToTheForm) {
     QCoreApplication::sendEvent(bench.view<FaceButton>(button), &onButton);
     EXPECT_EQ(over, 1);
     EXPECT_EQ(form.hovers, 0);
-    QCoreApplication::sendEvent(bench.window(form), &onButton);
+    QMouseEvent beside(QEvent::MouseMove, QPointF(390, 290), QPointF(390, 290), Qt::NoButton,
+                       Qt::NoButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(bench.window(form), &beside);
     EXPECT_EQ(form.hovers, 1);
     form.MousePointer = 10;
     EXPECT_EQ(bench.window(form)->cursor().shape(), Qt::PointingHandCursor);
