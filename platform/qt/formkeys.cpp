@@ -66,7 +66,7 @@ bool FormWindow::eventFilter(QObject *object, QEvent *event) {
             (woken || reason == Qt::MouseFocusReason || reason == Qt::OtherFocusReason)) {
             if (Control *control = controlOf(*this, object);
                 control != nullptr && control->takesFocus()) {
-                door([control](Form &form) { form.userFocus(*control); });
+                notice([control](Form &form) { form.userFocus(*control); });
             } else {
                 followFocusLater();
             }
@@ -77,7 +77,7 @@ bool FormWindow::eventFilter(QObject *object, QEvent *event) {
         if (dynamic_cast<Drawn *>(object) == nullptr) { // which tell it themselves
             Control *control = controlOf(*this, object);
             if (control != nullptr && control->MouseMove) {
-                door([control](Form &) { control->userHover(); });
+                notice([control](Form &) { control->userHover(); });
             }
         }
         return false;
@@ -103,6 +103,7 @@ void FormWindow::pressKey(const QKeyEvent &event) {
     if (!isOpen() || isModifier(event.key())) {
         return;
     }
+    const Turns::Turn turn(host_.turns);
     const bool inField = dynamic_cast<TextField *>(form_->focus()) != nullptr;
     // A field has its characters composed; this window has no use for them.
     if (inField) {
@@ -113,9 +114,6 @@ void FormWindow::pressKey(const QKeyEvent &event) {
     } else if (composition_.begins(event.key())) {
         return;
     }
-    // What follows a dead key is a part of one character that this window has no use for.
-    const bool afterDeadKey = deadKey_;
-    deadKey_ = false;
     Key key = keyOf(event);
     if (composition_.takes(key.character)) {
         return;
@@ -125,12 +123,12 @@ void FormWindow::pressKey(const QKeyEvent &event) {
     }
     const char16_t typed = key.character;
     bool passed = false;
-    door([&](Form &form) { passed = form.previewKey(key); });
+    run([&](Form &form) { passed = form.previewKey(key); });
     if (!passed || !isOpen()) {
         return;
     }
     if (key.alt && key.code == Key::f4) {
-        door([](Form &form) { form.requestClose(); });
+        run([](Form &form) { form.requestClose(); });
         return;
     }
     const Mirror *mirror = mirrorOf(form_->focus());
@@ -139,7 +137,7 @@ void FormWindow::pressKey(const QKeyEvent &event) {
     const bool native = field != nullptr || dynamic_cast<ListView *>(widget) != nullptr ||
                         dynamic_cast<ScrollView *>(widget) != nullptr;
     if (!native || key.code == Key::tab) {
-        door([&](Form &form) { form.navigate(key); });
+        run([&](Form &form) { form.navigate(key); });
     } else if (field != nullptr && key.character >= u' ') {
         field->insert(QString(QChar(key.character)));
     } else if (typed == key.character || key.character == 0) {
@@ -156,13 +154,16 @@ void FormWindow::giveToWidget(QWidget &widget, const QKeyEvent &event) {
 }
 
 // A text composed of several keys: each character as if it had been typed.
-void FormWindow::commit(QWidget &field, const QString &text) {
+void FormWindow::commit(FieldView &field, const QString &text) {
+    const Turns::Turn turn(host_.turns);
     for (const char16_t character : fromQt(text)) {
         Key key = Key::typed(character);
         bool passed = false;
-        door([&](Form &form) { passed = form.previewKey(key); });
+        if (isOpen()) {
+            run([&](Form &form) { passed = form.previewKey(key); });
+        }
         if (passed && key.character >= u' ') {
-            static_cast<FieldView &>(field).insert(QString(QChar(key.character)));
+            field.insert(QString(QChar(key.character)));
         }
     }
 }

@@ -65,7 +65,13 @@ void FormWindow::detach() {
     hide();
 }
 
-void FormWindow::door(const std::function<void(Form &)> &action) {
+void FormWindow::door(std::function<void(Form &)> action) {
+    if (isOpen() && !host_.turns.wait(*this, [this, action] { door(action); })) {
+        run(action);
+    }
+}
+
+void FormWindow::notice(const std::function<void(Form &)> &action) {
     if (isOpen()) {
         run(action);
     }
@@ -75,12 +81,8 @@ void FormWindow::run(const std::function<void(Form &)> &action) {
     if (form_ == nullptr) {
         return;
     }
-    Host &host = host_;
-    ++host.depth;
-    host.guard.run([&] { action(*form_); });
-    if (--host.depth == 0) {
-        host.idle();
-    }
+    const Turns::Handler handler(host_.turns);
+    host_.guard.run([&] { action(*form_); });
 }
 
 Mirror *FormWindow::mirrorOf(const Control *control) const {

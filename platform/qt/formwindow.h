@@ -9,6 +9,7 @@
 #include "platform/qt/palette.h"
 #include "platform/qt/pictures.h"
 #include "platform/qt/speaker.h"
+#include "platform/qt/turns.h"
 
 #include <QPixmap>
 #include <QWidget>
@@ -17,6 +18,8 @@
 
 namespace grimoval {
 
+class FieldView;
+
 // What the windows share.
 struct Host {
     Guard &guard;
@@ -24,10 +27,8 @@ struct Host {
     double factor = 1;
     // Nothing stands over the form: no modal window, no box.
     std::function<bool(const Form &)> reaches;
-    // Events being handled, one inside the other; no window is deleted under any of them.
-    int depth = 0;
-    std::function<void()> idle;         // the outermost one is done
-    std::function<void()> firstPicture; // of any window is on the screen
+    Turns turns{};                        // no window is deleted under a handler
+    std::function<void()> firstPicture{}; // of any window is on the screen
 };
 
 // The inside of the window of a form, and the picture behind it, whose own size is given.
@@ -51,9 +52,11 @@ public:
     // On a screen of another size.
     void centre(QSize screen);
 
-    // The person acts: not while something stands over the window.
-    void door(const std::function<void(Form &)> &action);
-    // Time passes, or the window comes into view: also then.
+    // The person acts: not while something stands over the window, and in turn.
+    void door(std::function<void(Form &)> action);
+    // The mouse or the focus moves, which no command hears of: also while a handler runs.
+    void notice(const std::function<void(Form &)> &action);
+    // Time passes, or the window comes into view: also while something stands over it.
     void run(const std::function<void(Form &)> &action);
     bool isOpen() const { return form_ != nullptr && host_.reaches(*form_); }
     // Tells the accessibility bus if the window has begun or ceased to take what a person does.
@@ -94,7 +97,7 @@ private:
     void pressKey(const QKeyEvent &event);
     bool isRepeatWelcome(const QKeyEvent &event, const Control *focus) const;
     void giveToWidget(QWidget &widget, const QKeyEvent &event);
-    void commit(QWidget &field, const QString &text);
+    void commit(FieldView &field, const QString &text);
 
     Form *form_;
     Host &host_;

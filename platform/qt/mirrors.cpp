@@ -220,7 +220,7 @@ FieldMirror::FieldMirror(FormWindow &window, TextField &control) : ViewMirror(wi
         view_->setMaxLength(static_cast<int>(control.maxLength));
     }
     view_->onType = [this](const QString &text) {
-        window_.door([this, &text](Form &) { subject_.userType(fromQt(text)); });
+        window_.door([this, text](Form &) { subject_.userType(fromQt(text)); });
         if (window_.form() != nullptr) {
             refresh(nullptr);
         }

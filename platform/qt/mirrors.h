@@ -37,7 +37,7 @@ protected:
     }
     void hover() {
         if (subject_.MouseMove) {
-            view_->onMove = [this] { window_.door([this](Form &) { subject_.userHover(); }); };
+            view_->onMove = [this] { window_.notice([this](Form &) { subject_.userHover(); }); };
         }
     }
 

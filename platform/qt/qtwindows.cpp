@@ -17,11 +17,11 @@ namespace grimoval {
 
 QtWindows::QtWindows(Files &files, const Texte &dataFolder)
     : guard_([this](const Message &report) { message(report); }),
-      pictures_(files, dataFolder), host_{guard_, pictures_, 1, {}, 0, {}, {}} {
+      pictures_(files, dataFolder), host_{guard_, pictures_, 1, {}} {
     host_.reaches = [this](const Form &form) {
         return boxes_.empty() && form.screen().reaches(form);
     };
-    host_.idle = [this] { bury(); };
+    host_.turns.idle = [this] { bury(); };
     host_.factor = factorFor(QGuiApplication::primaryScreen()->geometry().size());
     QGuiApplication::setQuitOnLastWindowClosed(false); // the program ends when it says so
     waker_.setSingleShot(true);
@@ -150,6 +150,7 @@ void QtWindows::shown(Form &form, Form *opener) {
     if (below == nullptr && !form.backdrop) {
         below = backdrop();
     }
+    host_.turns.forget();
     windowOf(form)->showOver(below, modal);
     tellReach();
 }
@@ -167,7 +168,7 @@ void QtWindows::unloaded(Form &form) {
     graves_.emplace_back(window);
     endModal(form);
     wakeTop(form);
-    if (host_.depth == 0) {
+    if (host_.turns.isIdle()) {
         bury();
     }
 }
@@ -225,6 +226,7 @@ void QtWindows::focusMoved(Control &control) {
 void QtWindows::runModal(Form &form) {
     QEventLoop loop;
     loops_[&form] = &loop;
+    const Turns::Pause pause(host_.turns, &form);
     while (loops_.contains(&form) && !guard_.ended()) {
         loop.exec();
     }
@@ -235,10 +237,15 @@ void QtWindows::endModal(const Form &form) {
     if (const auto found = loops_.find(&form); found != loops_.end()) {
         found->second->quit();
         loops_.erase(found);
+        host_.turns.gone(&form);
     }
 }
 
-void QtWindows::processEvents() { QCoreApplication::processEvents(); }
+// Of what is in no handler, the start of the program, too.
+void QtWindows::processEvents() {
+    const Turns::Handler handler(host_.turns);
+    QCoreApplication::processEvents();
+}
 
 void QtWindows::message(const Message &text) {
     QWidget *over = box();
@@ -247,9 +254,14 @@ void QtWindows::message(const Message &text) {
             over = window;
         }
     }
+    host_.turns.forget();
     MessageBox box(text, over, host_.factor);
     QEventLoop loop;
-    QObject::connect(&box, &QDialog::finished, &loop, &QEventLoop::quit);
+    QObject::connect(&box, &QDialog::finished, &loop, [this, &box, &loop] {
+        host_.turns.gone(&box);
+        loop.quit();
+    });
+    const Turns::Pause pause(host_.turns, &box);
     boxes_.push_back(&box);
     // A box is read with the arrow, whatever takes its time below it.
     if (hourglass_) {
@@ -266,11 +278,6 @@ void QtWindows::message(const Message &text) {
     tellReach();
 }
 
-void QtWindows::beep() { QApplication::beep(); }
-
-void QtWindows::checkPicture(const Texte &path) { pictures_.check(path); }
-
-} // namespace grimoval
 void QtWindows::leave() {
     for (QWidget *window : QApplication::topLevelWidgets()) {
         window->hide();
@@ -278,3 +285,8 @@ void QtWindows::leave() {
     QGuiApplication::sync();
 }
 
+void QtWindows::beep() { QApplication::beep(); }
+
+void QtWindows::checkPicture(const Texte &path) { pictures_.check(path); }
+
+} // namespace grimoval

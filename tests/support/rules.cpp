@@ -106,6 +106,8 @@ void Rules::stop() {
     gameRuns = false;
     stopGauge();
     say("Score");
+    records.push_back({proposed, score[1], found[1], bad[1], good[1], givenUp[1], score[2],
+                       found[2], bad[2], good[2], givenUp[2]});
     // The score window clears the counts, and the window that comes back zeroes its gauge.
     score = found = bad = good = givenUp = {};
     proposed = 0;

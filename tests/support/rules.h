@@ -37,6 +37,9 @@ public:
     bool gameRuns = false; // the clock of the game counts
     int elapsed = 0;       // seconds of the game
     int messages = 0;      // boxes about the used-up list
+    // Of each game that has ended: words proposed; then of each player points, words found, wrong
+    // letters, good letters, words given up.
+    std::vector<std::vector<int>> records;
 
     std::vector<std::string> prompts; // of the last action
 
