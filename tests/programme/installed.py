@@ -22,7 +22,8 @@ ICONS = [f"share/icons/hicolor/{side}x{side}/apps/grimoval.png"
          for side in (16, 24, 32, 48, 64, 128, 256, 512)]
 OTHERS = ["share/applications/grimoval.desktop", "share/bash-completion/completions/grimbases",
           "share/doc/grimoval/LICENCES.md",
-          "share/icons/hicolor/scalable/apps/grimoval.svg", "share/metainfo/grimoval.metainfo.xml",
+          "share/icons/hicolor/scalable/apps/grimoval.svg",
+          "share/metainfo/example.calvenor.grimoval.metainfo.xml",
           "share/man/man1/grimbases.1.gz", "share/man/fr/man1/grimbases.1.gz",
           "share/man/man6/grimoval.6.gz", "share/man/fr/man6/grimoval.6.gz"]
 
@@ -116,7 +117,7 @@ class Tree(unittest.TestCase):
     @unittest.skipUnless(shutil.which("appstreamcli"), "appstreamcli is missing")
     def test_entry_for_software_centres_is_in_form(self):
         subprocess.run(["appstreamcli", "validate", "--no-net",
-                        self.file("share/metainfo/grimoval.metainfo.xml")],
+                        self.file("share/metainfo/example.calvenor.grimoval.metainfo.xml")],
                        check=True, stdout=subprocess.DEVNULL)
 
     def test_bash_completes_every_word_of_grimbases(self):
@@ -146,7 +147,7 @@ class Tree(unittest.TestCase):
         self.assertTrue(text(SOURCES, "packaging/debian/changelog").startswith(
             f"grimoval ({version}) "))
         self.assertIn(f'<release version="{version}"',
-                      text(self.file("share/metainfo/grimoval.metainfo.xml")))
+                      text(self.file("share/metainfo/example.calvenor.grimoval.metainfo.xml")))
 
 
 class Again(unittest.TestCase):
