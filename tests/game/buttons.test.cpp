@@ -82,11 +82,11 @@ TEST(Buttons, AreGreyedByTheStateOfTheGameAndItsMode) {
     }
 }
 
-TEST(Buttons, BeforeTheFirstGameOfferNoWordAndHideBothGiveUps) {
+TEST(Buttons, BeforeTheFirstGameOfferNoWordAndAreThoseOfTheMode) {
     Game game;
-    EXPECT_EQ(buttonsOf(game.menu), "agaaghh");
+    EXPECT_EQ(buttonsOf(game.menu), "agaaggh");
     EXPECT_FALSE(game.menu.Bord[3].Visible);
-    EXPECT_FALSE(game.menu.FluxScore.Visible);
+    EXPECT_TRUE(game.menu.FluxScore.Visible);
 }
 
 TEST(Buttons, OfTheDesignAreGreyedForNewWordAnswerAndStopAlone) {
