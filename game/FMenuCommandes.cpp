@@ -227,7 +227,7 @@ void FMenu::Form_QueryUnload(bool &cancel, UnloadMode /*mode*/) {
         return;
     }
     screen().processEvents();
-    if (g.scores.NbMotsProposes >= 1 && g.scores.NbMotsBase >= 1) {
+    if (g.scores.aMontrer()) {
         AfficherModal(g, *fenetres.FScore2);
     }
     JouerParole(g, parole::auRevoir);

@@ -160,9 +160,24 @@ void FScore2::CmdScore_Click(int index) {
     unload();
 }
 
+void FScore2::FinirSession() {
+    if (tentee_ || !(PartieAEcrire ? ScoreNonEcrit : g.scores.aMontrer())) {
+        return;
+    }
+    if (Horodatage.empty()) { // the window has not opened
+        Horodatage = dateEnTouteLettre(g.services.clock.now());
+    }
+    try {
+        inscrire(ligneDeSeparation());
+    } catch (const Failure &) {
+        // Nobody is there to be told.
+    }
+}
+
 void FScore2::Form_Unload() {
     PartieAEcrire = false;
     ScoreNonEcrit = false;
+    tentee_ = false;
     Horodatage.clear();
     HauteurLigne = 0;
     ScoresPartie &s = g.scores;

@@ -17,6 +17,9 @@ public:
     void RemplirTableau();
     void CmdScore_Click(int index); // 0 leave, 1 print
     void EcrireScore();
+    // The session ends and nobody will leave the window: the record that Escape would write, of a
+    // running game too, at once and without a word. Touches no window; a failure is lost.
+    void FinirSession();
     void ImprimerScore();
 
     ControlArray<Label, 0, 3> Etiquette{*this, "Etiquette"};
@@ -46,8 +49,11 @@ private:
     Int16 motsNonTrouves(std::size_t joueur) const;
     Texte ligneDeSeparation();
     Texte composer(const Texte &separation);
+    void inscrire(const Texte &separation); // fails as the files do
     void imprimerEntete(Pen &plume);
     void imprimerTable(Pen &plume);
+
+    bool tentee_ = false; // the record has been tried, which is done once
 };
 
 // Blanks at both ends go, and the text is stored back at the left of its field.

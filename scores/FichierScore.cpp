@@ -161,23 +161,28 @@ Texte FScore2::composer(const Texte &separation) {
     return texte;
 }
 
-void FScore2::EcrireScore() {
+void FScore2::inscrire(const Texte &separation) {
     Files &fichiers = g.services.files;
+    tentee_ = true;
+    g.dossiers.DossierScore = asFolder(g.dossiers.DossierScore);
+    const Texte journal = g.dossiers.DossierScore + u"SCORGRIM.TXT";
+    const Texte precedent = g.dossiers.DossierScore + u"SCORGRIM.BAK";
+    { AppendFile(fichiers, journal); }
+    { AppendFile(fichiers, precedent); }
+    changerDeMois(fichiers, g.dossiers.DossierScore, journal, precedent,
+                  g.services.clock.now().month);
+    AppendFile fichier(fichiers, journal);
+    fichier.write(toAnsi(composer(separation)));
+    fichier.flush();
+    ScoreNonEcrit = false;
+}
+
+void FScore2::EcrireScore() {
     screen().MousePointer = pointeur::sablier;
     const Texte separation = ligneDeSeparation();
+    screen().MousePointer = pointeur::sablier; // a paint may have come while the printer was asked
     try {
-        g.dossiers.DossierScore = asFolder(g.dossiers.DossierScore);
-        const Texte journal = g.dossiers.DossierScore + u"SCORGRIM.TXT";
-        const Texte precedent = g.dossiers.DossierScore + u"SCORGRIM.BAK";
-        { AppendFile(fichiers, journal); }
-        { AppendFile(fichiers, precedent); }
-        changerDeMois(fichiers, g.dossiers.DossierScore, journal, precedent,
-                      g.services.clock.now().month);
-        screen().MousePointer = pointeur::sablier;
-        AppendFile fichier(fichiers, journal);
-        fichier.write(toAnsi(composer(separation)));
-        fichier.flush();
-        ScoreNonEcrit = false;
+        inscrire(separation);
     } catch (const Failure &erreur) {
         const Texte lecteur(1, g.dossiers.DossierScore.front());
         Texte texte;

@@ -45,6 +45,9 @@ struct ScoresPartie {
     Int16 NbMotsBase;                      // of the current base; 0 outside a game
     int HeureDebut = 0, HeureCourante = 0; // seconds of the day
     int TempsEcoule = 0;                   // seconds
+
+    // A game that leaves the program is to show its score.
+    bool aMontrer() const { return NbMotsProposes >= 1 && NbMotsBase >= 1; }
 };
 
 struct BaseCourante {
