@@ -5,6 +5,7 @@
 #include "platform/qt/printing.h"
 #include "platform/qt/qtservices.h"
 #include "platform/qt/qtwindows.h"
+#include "platform/qt/sessionend.h"
 #include "platform/qt/sound.h"
 #include "shell/MAINGRIM.h"
 
@@ -37,6 +38,11 @@ int main() {
     Services services{screen, files, clock, random, sound, documents, application, printer};
     Globales g(services);
     FenetresDuJeu fenetres(g);
+    SessionEnd sessionEnd([&] {
+        if (windows.guard().isOpen()) {
+            fenetres.score.FinirSession();
+        }
+    });
     windows.foresee(fenetres.splash);
     windows.afterFirstPicture([&] { // the splash comes first
         windows.foresee(fenetres.menu);
@@ -50,6 +56,7 @@ int main() {
 
     // The leave-taking is heard to its end behind an empty screen.
     windows.guard().end = [&](int status) {
+        sessionEnd.handOver();
         windows.leave();
         application.release();
         sound.finishWave(std::chrono::seconds(5));

@@ -19,7 +19,7 @@ Texte failureReport(int number) {
 }
 
 void Guard::run(const std::function<void()> &action) {
-    if (reporting_ || ended_) {
+    if (!isOpen()) {
         return;
     }
     try {

@@ -23,6 +23,8 @@ public:
     void fail(int number);
     // What comes back from `end`, in a test alone, leaves everything closed.
     bool ended() const { return ended_; }
+    // Nothing has failed, and nothing has ended.
+    bool isOpen() const { return !reporting_ && !ended_; }
 
     std::function<void(int status)> end = endProcess;
 

@@ -228,7 +228,13 @@ void QtWindows::runModal(Form &form) {
     loops_[&form] = &loop;
     const Turns::Pause pause(host_.turns, &form);
     while (loops_.contains(&form) && !guard_.ended()) {
-        loop.exec();
+        // The toolkit has been told to quit: no loop runs any more, and this one would turn idly.
+        if (loop.exec() < 0) {
+            QEvent quit(QEvent::Quit);
+            QCoreApplication::sendEvent(qApp, &quit);
+            loops_.erase(&form);
+            throw ProgramEnd();
+        }
     }
     loops_.erase(&form);
 }
