@@ -5,6 +5,7 @@
 #include "platform/qt/printing.h"
 #include "platform/qt/qtservices.h"
 #include "platform/qt/qtwindows.h"
+#include "platform/qt/sessionbus.h"
 #include "platform/qt/sessionend.h"
 #include "platform/qt/sound.h"
 #include "shell/MAINGRIM.h"
@@ -12,6 +13,7 @@
 #include <QApplication>
 
 #include <csignal>
+#include <cstdio>
 
 int main() {
     using namespace grimoval;
@@ -21,11 +23,17 @@ int main() {
     if (application.previousInstance()) {
         return 0;
     }
+    forgetSilentBus(std::chrono::milliseconds(1500));
     // The program takes no arguments, and its toolkit gets none.
     char name[] = "grimoval";
     char *arguments[] = {name, nullptr};
     int count = 1;
     QApplication toolkit(count, arguments);
+    if (!QtWindows::canPaint()) {
+        std::fputs("Le Grimoval : cet écran n'a pas assez de couleurs ; il en faut au moins 32 768.\n",
+                   stderr);
+        return 1;
+    }
 
     Files files;
     QtWindows windows(files, application.path());

@@ -6,6 +6,7 @@
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusVariant>
+#include <QFileInfo>
 #include <QSettings>
 #include <QStandardPaths>
 
@@ -23,6 +24,8 @@ constexpr auto path = "/org/freedesktop/portal/desktop";
 constexpr auto interface = "org.freedesktop.portal.Settings";
 constexpr auto group = "org.gnome.desktop.interface";
 constexpr auto key = "enable-animations";
+
+constexpr qint64 largestSettings = 1 << 20; // bytes; those of desktops have some thousands
 
 class Listener : public QObject {
     Q_OBJECT
@@ -59,7 +62,11 @@ bool settingsWantMotion(const QString &folder) {
         {"gtk-4.0/settings.ini", "Settings/gtk-enable-animations"},
     };
     for (const Switch &one : switches) {
-        const QSettings settings(folder + u'/' + QLatin1String(one.file), QSettings::IniFormat);
+        const QFileInfo file(folder + u'/' + QLatin1String(one.file));
+        if (!file.isFile() || file.size() > largestSettings) { // a pipe would keep us for ever
+            continue;
+        }
+        const QSettings settings(file.filePath(), QSettings::IniFormat);
         const QString value = settings.value(QLatin1String(one.key)).toString().toLower();
         bool number = false;
         const double factor = value.toDouble(&number);

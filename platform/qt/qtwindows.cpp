@@ -64,6 +64,8 @@ QtWindows::~QtWindows() {
     }
 }
 
+bool QtWindows::canPaint() { return QGuiApplication::primaryScreen()->depth() >= 15; }
+
 double QtWindows::factorFor(QSize screen) {
     if (screen.width() <= 800) { // the main window fills it
         return std::min({1.0, screen.width() / 800.0, screen.height() / 600.0});

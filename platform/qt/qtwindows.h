@@ -18,6 +18,9 @@ public:
     QtWindows(Files &files, const Texte &dataFolder);
     ~QtWindows() override;
 
+    // The toolkit paints nothing on a screen of a palette, and would fall over that later.
+    static bool canPaint();
+
     // Everything that the program does runs here, from its start on.
     Guard &guard() { return guard_; }
 
