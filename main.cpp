@@ -41,12 +41,13 @@ int main() {
     QtClock clock;
     QtRandom random;
     QtDocuments documents(files);
-    QtPrinter printer;
+    QtPrinter printer([&windows] { windows.processEvents(); });
     Screen screen(windows);
     Services services{screen, files, clock, random, sound, documents, application, printer};
     Globales g(services);
     FenetresDuJeu fenetres(g);
     SessionEnd sessionEnd([&] {
+        printer.stopWaiting();
         if (windows.guard().isOpen()) {
             fenetres.score.FinirSession();
         }

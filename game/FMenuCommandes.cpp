@@ -90,6 +90,7 @@ void FMenu::NouvellePartie() {
     CmdJeux_Click(0);
     PartieEnCours = true;
     g.scores.HeureDebut = g.services.clock.now().secondOfDay();
+    g.services.printer.foresee(); // for the score that this game will have
     screen().MousePointer = pointeur::fleche;
 }
 

@@ -7,14 +7,15 @@
 
 namespace grimoval {
 
-// The default printer. Any operation may fail, with number 482 where there is no usable printer.
-// Positions and measures are in the page unit of the printer, from the left top corner of the
-// printable page.
+// The default printer. Any operation but foresee may fail, with number 482 where there is no usable
+// printer. Positions and measures are in the page unit of the printer, from the left top corner of
+// the printable page.
 struct Canvas {
     virtual ~Canvas() = default;
+    virtual void foresee() {} // it will soon be asked: one that is slow begins now; returns at once
     virtual double pageWidth() = 0;
     virtual double textWidth(const Texte &text) = 0;
-    virtual double textHeight(const Texte &text) = 0;
+    virtual double textHeight(const Texte &text) = 0; // the first measure of a page
     virtual void drawText(double x, double y, const Texte &text) = 0; // its left top corner
     virtual void drawLine(double x1, double y1, double x2, double y2) = 0;
     virtual void drawRectangle(double x1, double y1, double x2, double y2) = 0; // outline

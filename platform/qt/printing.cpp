@@ -6,95 +6,128 @@
 #include <QPrinter>
 #include <QPrinterInfo>
 
-#include <condition_variable>
-#include <mutex>
-#include <optional>
+#include <atomic>
+#include <system_error>
 #include <thread>
+#include <utility>
 
 namespace grimoval {
 
 namespace {
 
-constexpr std::chrono::milliseconds measuring{1000}, printing{10000};
-constexpr std::chrono::seconds fresh{5}; // an answer holds for the page that is being made
+constexpr std::chrono::seconds forAPage{10}, forAWidth{1};
+constexpr std::chrono::milliseconds look{10};
 
-// Nothing if there is no default printer.
-std::unique_ptr<QPrinter> defaultPrinter() {
+} // namespace
+
+struct QtPrinter::Printer {
+    std::unique_ptr<QPrinter> device;
+    double width; // twips
+};
+
+struct QtPrinter::Asked {
+    Clock::time_point at = Clock::now();
+    std::shared_ptr<Printer> answer; // none: no printer; belongs to the thread until it is done
+    std::atomic<bool> done = false;
+};
+
+QtPrinter::QtPrinter(std::function<void()> pending) : pending_(std::move(pending)) {}
+
+bool QtPrinter::isUnderWay() const { return asked_ && !asked_->done; }
+
+void QtPrinter::ask(Question question) {
+    auto asked = std::make_shared<Asked>();
+    try {
+        std::thread([asked, question = std::move(question)] {
+            try {
+                asked->answer = question();
+            } catch (const std::exception &) {
+                asked->answer.reset();
+            }
+            asked->done = true;
+        }).detach();
+    } catch (const std::system_error &) {
+        throw Failure(failure::printerError);
+    }
+    asked_ = std::move(asked);
+}
+
+void QtPrinter::await(Clock::time_point until) {
+    while (isUnderWay() && waits_ && Clock::now() < until) {
+        pending_();
+        std::this_thread::sleep_for(look);
+    }
+    if (isUnderWay()) {
+        printer_.reset(); // it is still at work for the question
+        throw Failure(failure::printerError);
+    }
+    printer_ = std::exchange(asked_, nullptr)->answer;
+    if (!printer_) {
+        throw Failure(failure::printerError);
+    }
+}
+
+namespace {
+
+// The default printer and the width of its page; nothing if there is none.
+std::pair<std::unique_ptr<QPrinter>, double> defaultPrinter() {
     const QPrinterInfo info = QPrinterInfo::defaultPrinter();
     if (info.isNull()) {
-        return nullptr;
+        return {};
     }
     auto printer = std::make_unique<QPrinter>(info, QPrinter::HighResolution);
-    return printer->isValid() ? std::move(printer) : nullptr;
+    if (!printer->isValid()) {
+        return {};
+    }
+    const double inches = printer->pageLayout().paintRect(QPageLayout::Inch).width();
+    return {std::move(printer), inches * PrintedPage::twipsPerInch};
 }
 
 } // namespace
 
-struct QtPrinter::Asked {
-    std::mutex mutex;
-    std::condition_variable answered;
-    bool done = false;
-    std::optional<double> answer; // nothing: no printer
-};
-
-double QtPrinter::ask(std::function<double()> question, std::chrono::milliseconds patience) {
-    if (asked_) {
-        const std::lock_guard lock(asked_->mutex);
-        if (!asked_->done) {
-            throw Failure(failure::printerError);
-        }
+void QtPrinter::foresee() {
+    if (printer_ || asked_ || !waits_) {
+        return;
     }
-    asked_ = std::make_shared<Asked>();
-    std::thread([asked = asked_, question = std::move(question)] {
-        std::optional<double> answer;
-        try {
-            answer = question();
-        } catch (const std::exception &) {
-            answer.reset();
-        }
-        const std::lock_guard lock(asked->mutex);
-        asked->answer = answer;
-        asked->done = true;
-        asked->answered.notify_all();
-    }).detach();
-    std::unique_lock lock(asked_->mutex);
-    if (!asked_->answered.wait_for(lock, patience, [this] { return asked_->done; }) ||
-        !asked_->answer) {
-        forget();
-        throw Failure(failure::printerError);
+    try {
+        ask([]() -> std::shared_ptr<Printer> {
+            auto [device, width] = defaultPrinter();
+            return device ? std::make_shared<Printer>(std::move(device), width) : nullptr;
+        });
+    } catch (const Failure &) {
+        // It is asked again when it is wanted.
     }
-    return *asked_->answer;
 }
 
-void QtPrinter::forget() {
-    page_ = {};
-    width_.reset();
+void QtPrinter::find(Clock::time_point until) {
+    if (printer_) {
+        return;
+    }
+    foresee();
+    if (!asked_) {
+        throw Failure(failure::printerError);
+    }
+    await(until);
 }
 
 double QtPrinter::pageWidth() {
-    const auto now = std::chrono::steady_clock::now();
-    if (width_ && now - measuredAt_ < fresh) {
-        return *width_;
-    }
-    measuredAt_ = now;
-    width_ = ask(
-        [] {
-            const auto printer = defaultPrinter();
-            if (!printer) {
-                throw Failure(failure::printerError);
-            }
-            return printer->pageLayout().paintRect(QPageLayout::Inch).width() *
-                   PrintedPage::twipsPerInch;
-        },
-        measuring);
-    return *width_;
+    foresee();
+    find((asked_ ? asked_->at : Clock::now()) + forAWidth);
+    return printer_->width;
 }
 
 double QtPrinter::textWidth(const Texte &text) { return page_.textWidth(text); }
 
-// The first measure of a page: without a printer it fails.
 double QtPrinter::textHeight(const Texte & /*text*/) {
-    pageWidth();
+    if (pageUntil_ < Clock::now()) { // the first measure of a page
+        pageUntil_ = Clock::now() + forAPage;
+    }
+    try {
+        find(pageUntil_);
+    } catch (const Failure &) {
+        pageUntil_ = {};
+        throw;
+    }
     return page_.lineHeight();
 }
 
@@ -107,21 +140,15 @@ void QtPrinter::drawRectangle(double x1, double y1, double x2, double y2) {
 }
 
 void QtPrinter::endDocument() {
-    const PrintedPage page = page_;
-    forget();
-    ask(
-        [page]() -> double {
-            const auto printer = defaultPrinter();
-            if (!printer) {
-                throw Failure(failure::printerError);
-            }
-            printer->setDocName("Le Grimoval");
-            if (!page.paintOn(*printer, printer->resolution())) {
-                throw Failure(failure::printerError);
-            }
-            return 0;
-        },
-        printing);
+    const PrintedPage page = std::exchange(page_, {});
+    const auto until = std::exchange(pageUntil_, {});
+    find(until);
+    ask([page, printer = printer_]() -> std::shared_ptr<Printer> {
+        printer->device->setDocName("Le Grimoval");
+        const bool printed = page.paintOn(*printer->device, printer->device->resolution());
+        return printed ? printer : nullptr;
+    });
+    await(until);
 }
 
 } // namespace grimoval

@@ -1,15 +1,18 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """The report from the real program: a private print scheduler on the loopback, with a queue that
 writes what it is sent into a file, made the default; then a machine without any printer."""
+import contextlib
 import os
 import re
 import socket
 import subprocess
 import tempfile
+import threading
 import time
 import unittest
 
 from partie import GameTest, main, wait_for
+from watch import Stillness
 
 CUPSD = "/usr/sbin/cupsd"
 
@@ -94,6 +97,33 @@ class Scheduler:
         return subprocess.run(command, env={**os.environ, "CUPS_SERVER": self.server},
                               stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
                               stderr=subprocess.DEVNULL, timeout=20, check=check)
+
+
+class SlowRoad:
+    """Between the program and a print server: each request takes its time."""
+
+    def __init__(self, server, delay):
+        self.host, self.port = server.split(":")
+        self.delay, self.requests = delay, 0
+        self.door = socket.create_server(("127.0.0.1", 0))
+        self.server = f"127.0.0.1:{self.door.getsockname()[1]}"
+        threading.Thread(target=self.serve, daemon=True).start()
+
+    def serve(self):
+        while True:
+            client = self.door.accept()[0]
+            server = socket.create_connection((self.host, int(self.port)))
+            for ends in ((client, server), (server, client)):
+                threading.Thread(target=self.carry, args=ends, daemon=True).start()
+
+    def carry(self, source, target):
+        with contextlib.suppress(OSError):
+            while block := source.recv(65536):
+                if block.startswith((b"POST ", b"GET ")):
+                    self.requests += 1
+                    time.sleep(self.delay)
+                target.sendall(block)
+            target.shutdown(socket.SHUT_WR)
 
 
 def words_of(page):
@@ -199,6 +229,31 @@ class Printing(GameTest):
         self.assertNotIn("SCORE", text)
         self.assertTrue(all(0 < x < 595 and 0 < y < 842 for _, x, y in words))
 
+    @unittest.skipUnless(os.geteuid() == 0 and os.path.exists(CUPSD),
+                         "a print scheduler runs as the administrator alone")
+    def test_a_slow_print_server_prints_and_keeps_no_window_still(self):
+        folder = self.enterContext(tempfile.TemporaryDirectory(prefix="grimoval-"))
+        with Scheduler(folder) as scheduler:
+            road = SlowRoad(scheduler.server, 0.25)
+            self.start_with(road.server)
+            self.play_a_word()
+            asked = road.requests
+            self.assertGreater(asked, 0)  # before anybody has asked for a page
+            with Stillness(self.program.process) as seen:
+                self.program.press("Imprimer")
+                wait_for(lambda: os.path.exists(scheduler.page), "a printed page", 20)
+            print(f"{asked} + {road.requests - asked} requests, {seen.longest:.2f} s", end=" ",
+                  flush=True)
+            self.assertLess(seen.longest, 0.5)
+            self.program.await_one("push button", "Imprimer")
+            # The log stands no more still, and knows the printer.
+            with Stillness(self.program.process) as seen:
+                self.program.press("Quitter")
+                self.program.await_one("push button", "Nouvelle partie")
+            self.assertLess(seen.longest, 0.5)
+        with open(self.data("SCORGRIM.TXT"), encoding="cp1252") as file:
+            self.assertGreater(len(file.readline()), 69)
+
     def test_without_a_printer_a_message_comes_and_the_game_goes_on(self):
         self.start_with("127.0.0.1:9")  # nobody answers there
         self.play_a_word()
@@ -220,6 +275,18 @@ class Printing(GameTest):
             self.program.press("Quitter")
             self.program.await_one("push button", "Nouvelle partie")
             self.assertLess(time.monotonic() - start, 3)
+            # A page is given ten seconds, in which the window lives.
+            self.program.press("Nouvelle partie")
+            self.word()
+            self.program.press("Voir la réponse")
+            self.program.press("Stopper la partie")
+            start = time.monotonic()
+            with Stillness(self.program.process) as seen:
+                self.program.press("Imprimer")
+                self.program.await_one(name="Problème d'imprimante !!", seconds=20)
+            print(f"{time.monotonic() - start:.1f} s, still for {seen.longest:.2f} s", end=" ", flush=True)
+            self.assertAlmostEqual(time.monotonic() - start, 10, delta=2)
+            self.assertLess(seen.longest, 0.5)
         log = os.path.join(self.screen.env["XDG_DATA_HOME"], "Calvenor", "Le Grimoval",
                            "SCORGRIM.TXT")
         with open(log, encoding="cp1252") as file:
