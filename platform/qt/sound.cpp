@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <system_error>
 
 namespace grimoval {
 
@@ -16,6 +17,8 @@ constexpr int waveChannel = 0;
 constexpr int musicVolume = MIX_MAX_VOLUME * 90 / 100; // the tune is written to lie under the voice
 // An open device asks for sound forty times a second, be there any or not.
 constexpr std::chrono::seconds silence{10}, forever{3600};
+// Long enough for a machine to say that it has no device, too short to be noticed.
+constexpr std::chrono::milliseconds moment{300};
 // What is played at most, so that no file fills the memory; ours are far smaller.
 constexpr std::int64_t largestWave = 8 << 20, largestTune = 1 << 20; // bytes
 constexpr Sint64 longestWave = 90;                                   // seconds
@@ -180,13 +183,15 @@ struct MixerSound::Mixer {
         if (!open) {
             return;
         }
-        dropWave();
+        Mix_Chunk *next = nullptr;
         // Closed here: the library forgets the file when it is no sound.
         if (SDL_RWops *source = library.SDL_RWFromFile(file.c_str(), "rb")) {
-            chunk = isWave(library, source) ? library.Mix_LoadWAV_RW(source, 0) : nullptr;
+            next = isWave(library, source) ? library.Mix_LoadWAV_RW(source, 0) : nullptr;
             library.SDL_RWclose(source);
         }
-        if (chunk != nullptr) {
+        if (next != nullptr) {
+            dropWave();
+            chunk = next;
             library.Mix_PlayChannel(waveChannel, chunk, 0);
         }
     }
@@ -225,10 +230,17 @@ MixerSound::~MixerSound() {
     }
 }
 
-void MixerSound::open() {
+void MixerSound::open() { hasThread(); }
+
+bool MixerSound::hasThread() {
     if (!thread_.joinable()) {
-        thread_ = std::thread([this] { work(); });
+        try {
+            thread_ = std::thread([this] { work(); });
+        } catch (const std::system_error &) { // no more threads: silence
+            return false;
+        }
     }
+    return true;
 }
 
 void MixerSound::work() {
@@ -270,20 +282,24 @@ void MixerSound::work() {
 }
 
 void MixerSound::post(std::function<void(Mixer &)> task) {
-    open();
+    if (!hasThread()) {
+        return;
+    }
     const std::lock_guard lock(mutex_);
     tasks_.push_back(std::move(task));
     changed_.notify_all();
 }
 
 MixerSound::Opening MixerSound::opened() {
-    open();
+    if (!hasThread()) {
+        return Opening::silent;
+    }
     std::unique_lock lock(mutex_);
     if (!waitedUntil_) {
-        waitedUntil_ = std::chrono::steady_clock::now() + std::chrono::seconds(2);
+        waitedUntil_ = std::chrono::steady_clock::now() + moment;
     }
     changed_.wait_until(lock, *waitedUntil_, [this] { return opening_ != Opening::underWay; });
-    return opening_ == Opening::underWay ? Opening::silent : opening_;
+    return opening_ == Opening::underWay ? Opening::both : opening_;
 }
 
 bool MixerSound::waveAvailable() { return opened() != Opening::silent; }

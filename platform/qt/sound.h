@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Sound by SDL2_mixer: one MIDI stream and one wave stream, together. Every call of the library is
-// made on one thread beside the program, in order, so that nothing in it can keep a window waiting:
-// the device is opened and the soundfont looked for while the splash is up. A device that goes
-// away, or its server, is silence; each later call tries whether there is one again. When nothing
-// has sounded for a while the device is closed, until the next call.
+// Sound by SDL2_mixer: one MIDI stream and one wave stream, together. All that may take its time in
+// the library is done on one thread beside the program, in order: the device is opened and the
+// soundfont looked for while the splash is up. A device that goes away, or its server, is silence,
+// and so is a system without a thread to spare; each later call tries whether there is one again.
+// When nothing has sounded for a while the device is closed, until the next call.
 #pragma once
 
 #include "platform/services.h"
@@ -25,10 +25,11 @@ public:
 
     // Begins to open the device, if that has not begun.
     void open();
-    // Wait for the opening of the device, if it has not ended yet: two seconds at most in all.
+    // Until the device is open, or is known to be missing, it counts as there: a server that is late
+    // is not away. For that they wait a moment, once.
     bool waveAvailable() override;
     bool midiAvailable() override;
-    // A new prompt takes the place of one that still sounds.
+    // A new prompt takes the place of one that still sounds; what cannot be played takes none.
     void playWave(const Texte &path) override;
     void playMidi(const Texte &path, bool loop) override;
     void stopMidi() override;
@@ -43,6 +44,7 @@ private:
     void post(std::function<void(Mixer &)> task);
     void work();
     Opening opened();
+    bool hasThread();
 
     Files &files_;
     const std::unique_ptr<Mixer> mixer_;

@@ -93,6 +93,23 @@ class Dies(ServerTest):
         self.assertLess(self.quit_within(6), 5.5)
 
 
+class Late(ServerTest):
+    def begin(self):
+        os.kill(self.server.pid, signal.SIGSTOP)
+        super().begin()
+
+    def test_at_the_first_start_it_is_not_written_off_and_is_heard_when_it_comes(self):
+        self.program.await_one("label", "Le Grimoval").press()
+        since = time.monotonic()
+        self.program.await_one("push button", "Nouvelle partie")
+        self.assertLess(time.monotonic() - since, 1.5)
+        for line in ("WavPrésent=1", "MidiPrésent=1", "Music=1", "Parole=1"):
+            self.assertIn(line + "\n", self.settings())
+        start = self.ear.now()
+        os.kill(self.server.pid, signal.SIGCONT)
+        wait_for(lambda: any(self.ear.heard(max(start, self.ear.now() - RATE // 10))), "any sound")
+
+
 class Hangs(ServerTest):
     def test_nobody_waits_for_it(self):
         self.pass_splash()

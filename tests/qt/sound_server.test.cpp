@@ -115,15 +115,15 @@ TEST_F(SoundServer, ThatHangsIsWaitedForByNobody) {
     signal(SIGCONT);
 }
 
-// A server that hangs from the start is as good as none, and known in time.
-TEST_F(SoundServer, ThatHangsFromTheStartIsNoDevice) {
+// A server that is late is not away: nothing is written off for it, and nobody waits.
+TEST_F(SoundServer, ThatHangsFromTheStartCountsAsThere) {
     signal(SIGSTOP);
     MixerSound sound(files);
     QElapsedTimer timer;
     timer.start();
-    EXPECT_FALSE(sound.waveAvailable());
-    EXPECT_FALSE(sound.midiAvailable());
-    EXPECT_LT(timer.elapsed(), 2200);
+    EXPECT_TRUE(sound.waveAvailable());
+    EXPECT_TRUE(sound.midiAvailable());
+    EXPECT_LT(timer.elapsed(), 500);
     EXPECT_LT(longestCall(sound), 50);
     signal(SIGCONT);
 }
