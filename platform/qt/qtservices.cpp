@@ -18,6 +18,7 @@
 #include <cstdint>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -52,6 +53,20 @@ void startDetached(std::string program, std::string first, std::string second) {
     if (between > 0) {
         ::waitpid(between, nullptr, 0);
     }
+}
+
+// A plain file of this account, made if it is missing; -1 for whatever another account, or chance,
+// has put in its place. Waits for nothing.
+int openOwn(const QString &file) {
+    const int descriptor = ::open(QFile::encodeName(file).constData(),
+                                  O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0600);
+    struct stat found {};
+    if (descriptor >= 0 && (::fstat(descriptor, &found) != 0 || !S_ISREG(found.st_mode) ||
+                            found.st_uid != ::geteuid())) {
+        ::close(descriptor);
+        return -1;
+    }
+    return descriptor;
 }
 
 } // namespace
@@ -133,23 +148,27 @@ bool QtApplication::previousInstance() {
     if (lock_ >= 0) {
         return false;
     }
-    QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
-    if (folder.isEmpty()) {
-        folder = QDir::tempPath();
+    const auto account = static_cast<quint64>(::getuid());
+    // The session's folder; the account's own where the session does not tell; shared ones.
+    const QStringList folders = {qEnvironmentVariable("XDG_RUNTIME_DIR"),
+                                 QStringLiteral("/run/user/%1").arg(account), QDir::tempPath(),
+                                 QStringLiteral("/dev/shm")};
+    for (const QString &folder : folders) {
+        const int descriptor =
+            folder.isEmpty()
+                ? -1
+                : openOwn(folder + QStringLiteral("/grimoval-%1.lock").arg(account));
+        if (descriptor < 0) {
+            continue;
+        }
+        if (::flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
+            ::close(descriptor);
+            return true;
+        }
+        lock_ = descriptor;
+        return false;
     }
-    const QString file =
-        folder + QStringLiteral("/grimoval-%1.lock").arg(static_cast<quint64>(::getuid()));
-    const int descriptor = ::open(QFile::encodeName(file).constData(),
-                                  O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
-    if (descriptor < 0) {
-        return false; // nobody is kept from playing for want of a lock
-    }
-    if (::flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
-        ::close(descriptor);
-        return true;
-    }
-    lock_ = descriptor;
-    return false;
+    return false; // nobody is kept from playing for want of a lock
 }
 
 std::string QtApplication::dataFolderFor(const std::string &programFolder) {

@@ -42,7 +42,8 @@ private:
 class QtApplication : public Application {
 public:
     ~QtApplication() override;
-    // By a lock that the kernel drops with the process, however it ends.
+    // By a lock that the kernel drops with the process, however it ends. One that another account
+    // holds is none of ours.
     bool previousInstance() override;
     // Another may begin: this one writes nothing any more.
     void release();

@@ -3,14 +3,18 @@
 
 #include "qt/bench.h"
 #include "shell/GLBPAROL.h"
+#include "support/conditions.h"
 #include "support/program.h"
 
 #include <QDateTime>
 #include <QFileInfo>
 
 #include <csignal>
+#include <filesystem>
 #include <set>
 
+#include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -136,6 +140,43 @@ TEST_F(Instance, TheLockGoesWithTheProcessHoweverItDies) {
     ::waitpid(child, nullptr, 0);
     QtApplication third;
     EXPECT_FALSE(third.previousInstance());
+}
+
+// In the place of the lock; another account's is locked by it, and open to all.
+TEST_F(Instance, WhatIsNoLockOfThisAccountBarsNobody) {
+    folder.makeFolder(u"tmp");
+    const Environment temporary{"TMPDIR"};
+    temporary.set(folder.bytePath(u"tmp"));
+    const std::string name =
+        folder.bytePath(u"run") + "/grimoval-" + std::to_string(::getuid()) + ".lock";
+    const std::pair<const char *, std::function<void()>> things[] = {
+        {"another account's",
+         [&] {
+             ::close(::open(name.c_str(), O_CREAT | O_WRONLY | O_CLOEXEC, 0666));
+             ASSERT_EQ(::chmod(name.c_str(), 0666), 0);
+             ASSERT_EQ(::chown(name.c_str(), 65534, 65534), 0);
+         }},
+        {"a link", [&] { ASSERT_EQ(::symlink("/dev/null", name.c_str()), 0); }},
+        {"a pipe", [&] { ASSERT_EQ(::mkfifo(name.c_str(), 0600), 0); }},
+        {"a folder", [&] { ASSERT_EQ(::mkdir(name.c_str(), 0700), 0); }},
+    };
+    const Deadline deadline(20);
+    for (const auto &[what, put] : things) {
+        if (::geteuid() != 0 && &what == &things[0].first) {
+            continue; // no file can be given away
+        }
+        SCOPED_TRACE(what);
+        put();
+        const int theirs = ::open(name.c_str(), O_RDONLY | O_NONBLOCK | O_NOFOLLOW);
+        if (theirs >= 0) {
+            ASSERT_EQ(::flock(theirs, LOCK_EX | LOCK_NB), 0);
+        }
+        QtApplication first, second;
+        EXPECT_FALSE(first.previousInstance());
+        EXPECT_TRUE(second.previousInstance()); // by a lock in another place
+        ::close(theirs);
+        std::filesystem::remove(name);
+    }
 }
 
 TEST(Services, TheDataLieBesideTheProgramOrInTheSharedFolderOfAnInstalledTree) {
