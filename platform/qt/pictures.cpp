@@ -6,6 +6,8 @@
 #include <QFile>
 #include <QImageReader>
 
+#include <system_error>
+
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -212,8 +214,12 @@ QImage Pictures::background(const std::string &name, QSize pixels) {
 }
 
 void Pictures::foresee(const std::string &name, QSize pixels) {
-    foreseen_[name] = {pixels,
-                       std::async(std::launch::async, readScaled, backgroundFile(name), pixels)};
+    try {
+        foreseen_[name] = {
+            pixels, std::async(std::launch::async, readScaled, backgroundFile(name), pixels)};
+    } catch (const std::system_error &) {
+        // No more threads: it is read when it is shown.
+    }
 }
 
 } // namespace grimoval

@@ -11,6 +11,8 @@
 // GRIM_MORT_SOUS  of files alone whose names begin like this; of all, if it is not there
 // GRIM_MORT_SIGNE  a file: as long as it is missing, no call is counted
 //
+// And without a number: "fil": threads of the C++ library cannot start, with GRIM_MORT_SIGNE as above.
+//
 // GRIM_MORT_RESEAU  if it is there, no call gives a name only where it is free, as on the shared
 //               folders of a network
 //
@@ -23,6 +25,7 @@
 #include <cstring>
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <pthread.h>
 #include <string>
 #include <sys/stat.h>
 #include <sys/types.h>
@@ -216,6 +219,20 @@ int unlink(const char *path) noexcept {
 int mkdir(const char *path, mode_t mode) noexcept {
     return pass("mkdir", path,
                 [&] { return real<int(const char *, mode_t)>("mkdir")(path, mode); });
+}
+
+// Those of Qt and of other libraries start: without them there is no window to look at.
+int pthread_create(pthread_t *thread, const pthread_attr_t *attributes, void *(*start)(void *),
+                   void *argument) noexcept {
+    static const char *const name = std::getenv("GRIM_MORT");
+    Dl_info caller{};
+    if (name != nullptr && std::strcmp(name, "fil") == 0 && counts("") &&
+        ::dladdr(__builtin_return_address(0), &caller) != 0 &&
+        std::strstr(caller.dli_fname, "libstdc++") != nullptr) {
+        return EAGAIN;
+    }
+    return real<int(pthread_t *, const pthread_attr_t *, void *(*)(void *), void *)>(
+        "pthread_create")(thread, attributes, start, argument);
 }
 
 } // extern "C"
