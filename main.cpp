@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Le Grimoval: the services, the state and the windows, brought together. The one file that sees
 // both the program and the toolkit.
+#include "platform/qt/desktopfiles.h"
 #include "platform/qt/motion.h"
 #include "platform/qt/printing.h"
 #include "platform/qt/qtservices.h"
@@ -23,6 +24,7 @@ int main() {
     if (application.previousInstance()) {
         return 0;
     }
+    avoidOddDesktop();
     forgetSilentBus(std::chrono::milliseconds(1500));
     // The program takes no arguments, and its toolkit gets none.
     char name[] = "grimoval";
@@ -30,8 +32,9 @@ int main() {
     int count = 1;
     QApplication toolkit(count, arguments);
     if (!QtWindows::canPaint()) {
-        std::fputs("Le Grimoval : cet écran n'a pas assez de couleurs ; il en faut au moins 32 768.\n",
-                   stderr);
+        std::fputs(
+            "Le Grimoval : cet écran n'a pas assez de couleurs ; il en faut au moins 32 768.\n",
+            stderr);
         return 1;
     }
 

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/qt/motion.h"
 
+#include "platform/qt/desktopfiles.h"
+
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusVariant>
-#include <QFileInfo>
 #include <QSettings>
 #include <QStandardPaths>
 
@@ -24,8 +25,6 @@ constexpr auto path = "/org/freedesktop/portal/desktop";
 constexpr auto interface = "org.freedesktop.portal.Settings";
 constexpr auto group = "org.gnome.desktop.interface";
 constexpr auto key = "enable-animations";
-
-constexpr qint64 largestSettings = 1 << 20; // bytes; those of desktops have some thousands
 
 class Listener : public QObject {
     Q_OBJECT
@@ -62,11 +61,11 @@ bool settingsWantMotion(const QString &folder) {
         {"gtk-4.0/settings.ini", "Settings/gtk-enable-animations"},
     };
     for (const Switch &one : switches) {
-        const QFileInfo file(folder + u'/' + QLatin1String(one.file));
-        if (!file.isFile() || file.size() > largestSettings) { // a pipe would keep us for ever
+        const QString file = folder + u'/' + QLatin1String(one.file);
+        if (!isSettingsFile(file)) {
             continue;
         }
-        const QSettings settings(file.filePath(), QSettings::IniFormat);
+        const QSettings settings(file, QSettings::IniFormat);
         const QString value = settings.value(QLatin1String(one.key)).toString().toLower();
         bool number = false;
         const double factor = value.toDouble(&number);
