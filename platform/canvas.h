@@ -15,7 +15,7 @@ struct Canvas {
     virtual void foresee() {} // it will soon be asked: one that is slow begins now; returns at once
     virtual double pageWidth() = 0;
     virtual double textWidth(const Texte &text) = 0;
-    virtual double textHeight(const Texte &text) = 0; // the first measure of a page
+    virtual double textHeight(const Texte &text) = 0;                 // the first measure of a page
     virtual void drawText(double x, double y, const Texte &text) = 0; // its left top corner
     virtual void drawLine(double x1, double y1, double x2, double y2) = 0;
     virtual void drawRectangle(double x1, double y1, double x2, double y2) = 0; // outline

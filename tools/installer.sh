@@ -12,7 +12,7 @@ paquets_ecran='xvfb xauth openbox xdotool x11-utils x11-xkb-utils xkb-data dbus-
     python3 python3-gi gir1.2-atspi-2.0'
 paquets_orthographe='python3 hunspell hunspell-fr-classical'
 paquets_tester="libgtest-dev librapidcheck-dev cups-daemon cups-client poppler-utils pulseaudio groff-base
-    strace libfaketime x11-xserver-utils $paquets_orthographe"
+    strace libfaketime weston x11-xserver-utils $paquets_orthographe"
 paquets_mesurer='libbenchmark-dev python3-xlib'
 paquets_memoire='valgrind'
 paquets_paquet='dpkg-dev file lintian desktop-file-utils appstream man-db'

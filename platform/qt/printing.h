@@ -2,9 +2,10 @@
 // The default printer of the system, by way of Qt's print support. The page unit is the twip.
 //
 // A print server can be slow, and is asked some ten times before it has told of its printer. So it
-// is asked once, on a thread beside the program, as soon as a page may be wanted; the answer is kept
-// until a page fails. A report is given ten seconds; while it waits the windows live on. Text is
-// measured without the printer, as the font alone decides; a page is kept in memory until its end.
+// is asked once, on a thread beside the program, as soon as a page may be wanted; the answer is
+// kept until a page fails. A report is given ten seconds; while it waits the windows live on. Text
+// is measured without the printer, as the font alone decides; a page is kept in memory until its
+// end.
 #pragma once
 
 #include "platform/canvas.h"
@@ -53,7 +54,7 @@ private:
     std::function<void()> pending_;
     bool waits_ = true;
     PrintedPage page_;
-    Clock::time_point pageUntil_{}; // how long the page that is being made may wait
+    Clock::time_point pageUntil_{};    // how long the page that is being made may wait
     std::shared_ptr<Printer> printer_; // the answer that is kept
     std::shared_ptr<Asked> asked_;
 };

@@ -155,9 +155,8 @@ bool QtApplication::previousInstance() {
                                  QStringLiteral("/dev/shm")};
     for (const QString &folder : folders) {
         const int descriptor =
-            folder.isEmpty()
-                ? -1
-                : openOwn(folder + QStringLiteral("/grimoval-%1.lock").arg(account));
+            folder.isEmpty() ? -1
+                             : openOwn(folder + QStringLiteral("/grimoval-%1.lock").arg(account));
         if (descriptor < 0) {
             continue;
         }

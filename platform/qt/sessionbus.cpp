@@ -105,10 +105,11 @@ bool answers(const std::string &address, std::chrono::milliseconds patience) {
     bool answered = true;
     if (::connect(socket, reinterpret_cast<const sockaddr *>(&place->first), place->second) == 0) {
         const QByteArray account = QByteArray::number(static_cast<qulonglong>(::getuid())).toHex();
-        const QByteArray welcome = exchange(
-            socket, QByteArray("\0AUTH EXTERNAL ", 15) + account + "\r\n", until);
-        answered = !welcome.isEmpty() &&
-                   (!welcome.startsWith("OK") || !exchange(socket, "BEGIN\r\n" + hello(), until).isEmpty());
+        const QByteArray welcome =
+            exchange(socket, QByteArray("\0AUTH EXTERNAL ", 15) + account + "\r\n", until);
+        answered =
+            !welcome.isEmpty() && (!welcome.startsWith("OK") ||
+                                   !exchange(socket, "BEGIN\r\n" + hello(), until).isEmpty());
     } else {
         answered = errno != EAGAIN; // so many wait already that nobody can be served there
     }

@@ -8,8 +8,8 @@
 #include <QThread>
 
 #include <atomic>
-#include <chrono>
 #include <cerrno>
+#include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <ctime>
@@ -24,7 +24,7 @@ namespace grimoval {
 namespace {
 
 // Several signals within this time are one wish: who ends a session sends TERM and HUP together.
-constexpr long long oneWish = 1000; // milliseconds
+constexpr long long oneWish = 1000;           // milliseconds
 constexpr std::chrono::seconds lastThings{5}; // longer than a record takes
 
 SessionEnd *current = nullptr;

@@ -25,8 +25,8 @@ public:
 
     // Begins to open the device, if that has not begun.
     void open();
-    // Until the device is open, or is known to be missing, it counts as there: a server that is late
-    // is not away. For that they wait a moment, once.
+    // Until the device is open, or is known to be missing, it counts as there: a server that is
+    // late is not away. For that they wait a moment, once.
     bool waveAvailable() override;
     bool midiAvailable() override;
     // A new prompt takes the place of one that still sounds; what cannot be played takes none.

@@ -66,10 +66,11 @@ private:
 
 constexpr int endOfTrack = 0x2F, tempo = 0x51;
 
-constexpr unsigned mostTracks = 64;  // from 128 on the library hangs; a tune of sixteen voices has 17
-constexpr int mostInASecond = 1000;  // by weight; the synthesizer has 256 voices
-constexpr int noteWeight = 8;        // of a note that begins; of any other event 1
-constexpr double beatAtFirst = 0.5;  // seconds, until a tempo is told
+constexpr unsigned mostTracks =
+    64; // from 128 on the library hangs; a tune of sixteen voices has 17
+constexpr int mostInASecond = 1000; // by weight; the synthesizer has 256 voices
+constexpr int noteWeight = 8;       // of a note that begins; of any other event 1
+constexpr double beatAtFirst = 0.5; // seconds, until a tempo is told
 
 // The length of what is told in a known form; the library complains for ever of any other.
 std::optional<std::size_t> lengthOfKind(int kind) {
@@ -181,7 +182,8 @@ bool isTune(std::string_view bytes) {
     }
     Reader header(in.take(in.number(4)));
     const unsigned form = header.number(2), tracks = header.number(2), division = header.number(2);
-    if (!header.isWhole() || form > 1 || tracks == 0 || division == 0 || division >= 0x8000 || tracks > mostTracks) {
+    if (!header.isWhole() || form > 1 || tracks == 0 || division == 0 || division >= 0x8000 ||
+        tracks > mostTracks) {
         return false;
     }
     unsigned found = 0;

@@ -314,6 +314,7 @@ class Alone(FaultTest):
         for desktop in ("KDE", "GNOME", "XFCE"):
             with self.subTest(desktop):
                 self.start(XDG_CURRENT_DESKTOP=desktop, KDE_SESSION_VERSION="5")
+                self.addCleanup(self.program.process.kill)
                 self.pass_splash()
                 self.quit()
 

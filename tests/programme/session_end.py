@@ -202,8 +202,10 @@ class DisplayDies(EndTest):
 class CompositorDies(DisplayDies):
     def start(self):
         name = os.path.join(self.screen.env["XDG_RUNTIME_DIR"], "wayland-jeu")
+        backends = self.screen.run("weston", "--help")
+        backend = "x11-backend.so" if "x11-backend.so" in backends else "x11"
         self.weston = self.screen.start(
-            ["weston", "--backend=x11-backend.so", "--socket=" + os.path.basename(name),
+            ["weston", "--backend=" + backend, "--use-pixman", "--socket=" + os.path.basename(name),
              "--width=1300", "--height=700", "--idle-time=0"])
         wait_for(lambda: os.path.exists(name), "compositor")
         self.program = Program(self.screen, "env", "WAYLAND_DISPLAY=" + os.path.basename(name),

@@ -11,7 +11,8 @@
 // GRIM_MORT_SOUS  of files alone whose names begin like this; of all, if it is not there
 // GRIM_MORT_SIGNE  a file: as long as it is missing, no call is counted
 //
-// And without a number: "fil": threads of the C++ library cannot start, with GRIM_MORT_SIGNE as above.
+// And without a number: "fil": threads of the C++ library cannot start, with GRIM_MORT_SIGNE as
+// above.
 //
 // GRIM_MORT_RESEAU  if it is there, no call gives a name only where it is free, as on the shared
 //               folders of a network
