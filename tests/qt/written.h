@@ -22,9 +22,9 @@ public:
     bool begin(QPaintDevice * /*device*/) override { return true; }
     bool end() override { return true; }
     Type type() const override { return User; }
-    void updateState(const QPaintEngineState &state) override {
-        if (state.state() & DirtyTransform) {
-            scale_ = std::sqrt(std::abs(state.transform().determinant()));
+    void updateState(const QPaintEngineState &changes) override {
+        if (changes.state() & DirtyTransform) {
+            scale_ = std::sqrt(std::abs(changes.transform().determinant()));
         }
     }
     void drawTextItem(const QPointF & /*place*/, const QTextItem &item) override {
