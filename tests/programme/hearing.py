@@ -3,6 +3,7 @@
 loudspeaker, and the prompts of the tree are looked for in it."""
 import array
 import cmath
+import copy
 import operator
 import os
 import unittest.mock
@@ -49,6 +50,16 @@ class Prompt:
         between = [(a + b) / 2 for a, b in zip(self.half, self.half[1:])] + [0]
         self.values = [value for pair in zip(self.half, between) for value in pair]
         self.frames = len(self.values)
+
+    def parts(self, count):
+        """So many pieces of the same length, one after the other."""
+        length = len(self.half) // count
+        for first in range(0, length * count, length):
+            part = copy.copy(self)
+            part.half = self.half[first:first + length]
+            part.values = self.values[2 * first:2 * (first + length)]
+            part.frames = 2 * length
+            yield part
 
     def share(self, heard, at, start=0.0, end=1.0):
         """How much of a part of the prompt is in what was heard: 1 if it is there as it was
