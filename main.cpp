@@ -68,7 +68,7 @@ int main() {
 
     // The leave-taking is heard to its end behind an empty screen.
     windows.guard().end = [&](int status) {
-        sessionEnd.handOver();
+        sessionEnd.handOver(status);
         windows.leave();
         application.release();
         sound.finishWave(std::chrono::seconds(5));

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The record of a game in the monthly log: for people to read, written and never read back. The
-// month that ends moves to a file of its own, and only one such file is kept.
+// month that ends moves to a file of its own, and the one before it is kept under a dated name.
 #include "scores/FScore2.h"
 
 #include <cmath>

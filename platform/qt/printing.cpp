@@ -121,6 +121,9 @@ double QtPrinter::textWidth(const Texte &text) { return page_.textWidth(text); }
 double QtPrinter::textHeight(const Texte & /*text*/) {
     if (pageUntil_ < Clock::now()) { // the first measure of a page
         pageUntil_ = Clock::now() + forAPage;
+        if (asked_ && asked_->done && !asked_->answer) {
+            asked_.reset(); // there was none then: a page asks again
+        }
     }
     try {
         find(pageUntil_);

@@ -34,20 +34,27 @@ constexpr char signalCame = 's', displayDied = 'd';
 
 // What a signal handler may touch.
 std::atomic<bool> handedOver = false;
+std::atomic<int> handedStatus = EXIT_SUCCESS;
 std::atomic<long long> firstSignal = 0; // milliseconds; 0: none yet
+
+std::thread::id windowsThread;
+
+long long milliseconds() {
+    std::timespec now{};
+    ::clock_gettime(CLOCK_MONOTONIC, &now);
+    return now.tv_sec * 1000LL + now.tv_nsec / 1'000'000;
+}
 
 void takeSignal(int number) {
     const int kept = errno;
     if (handedOver) {
-        ::_exit(0);
+        ::_exit(handedStatus);
     }
-    std::timespec now{};
-    ::clock_gettime(CLOCK_MONOTONIC, &now);
-    const long long at = now.tv_sec * 1000LL + now.tv_nsec / 1'000'000;
+    const long long at = milliseconds();
     long long none = 0;
     if (firstSignal.compare_exchange_strong(none, at)) {
         [[maybe_unused]] const ssize_t written = ::write(wakeUp[1], &signalCame, 1);
-    } else if (at - none >= oneWish) { // the first one has not been heard: the program hangs
+    } else if (at - none >= oneWish) { // the first one has not come to its end: the program hangs
         ::_exit(128 + number);
     }
     errno = kept;
@@ -70,7 +77,7 @@ void catchSignals() {
 
 // A toolkit that loses the X display calls exit.
 void atExit() {
-    if (current != nullptr && QThread::currentThread() == current->thread()) {
+    if (current != nullptr && std::this_thread::get_id() == windowsThread) {
         current->end(EXIT_FAILURE);
     }
 }
@@ -96,6 +103,7 @@ void hearMessage(QtMsgType type, const QMessageLogContext &context, const QStrin
 
 SessionEnd::SessionEnd(std::function<void()> last) : last_(std::move(last)) {
     current = this;
+    windowsThread = std::this_thread::get_id();
     handedOver = false;
     firstSignal = 0;
     if (::pipe2(wakeUp, O_NONBLOCK | O_CLOEXEC) == 0) {
@@ -120,11 +128,16 @@ SessionEnd::~SessionEnd() {
     current = nullptr;
 }
 
-void SessionEnd::handOver() { handedOver = true; }
+void SessionEnd::handOver(int status) {
+    handedStatus = status;
+    handedOver = true;
+}
 
 void SessionEnd::end(int status) {
     current = nullptr; // whatever the last thing does, this is the end
-    if (!handedOver) {
+    if (handedOver) {
+        status = handedStatus;
+    } else {
         try {
             last_();
         } catch (...) {

@@ -20,11 +20,11 @@ public:
     explicit SessionEnd(std::function<void()> last);
     ~SessionEnd() override;
 
-    // The program ends by itself now: from here on nothing is done any more before an end from
-    // outside.
-    void handOver();
+    // The program ends by itself now, with this status: from here on an end from outside runs no
+    // function any more, and has that status too.
+    void handOver(int status = 0);
 
-    // Does the last and ends the process.
+    // Runs the function given to the constructor, then ends the process.
     [[noreturn]] void end(int status);
 
     bool eventFilter(QObject *object, QEvent *event) override;

@@ -180,15 +180,17 @@ TEST(WorkFiles, UnderNamesOfTheirOwnAreGoneOnceTheyAreAnHourOld) {
         std::filesystem::last_write_time(start.folder.bytePath(user + name),
                                          std::filesystem::file_time_type::clock::now() - age);
     };
-    for (const char16_t *name : {u"~GRIMV.TMP~1", u"GRIMOVA.INI~2", u"SCORGRIM.TXT~3"}) {
+    for (const char16_t *name : {u"~GRIMV.TMP~abcdefghi1", u"GRIMOVA.INI~abcdefghi2",
+                                 u"SCORGRIM.TXT~abcdefghi3", u"GRIMOVA.INI~"}) {
         leave(name, std::chrono::minutes(70));
     }
-    leave(u"~GRIMV.TMP~4", std::chrono::minutes(50)); // perhaps another game's
+    leave(u"~GRIMV.TMP~abcdefghi4", std::chrono::minutes(50)); // perhaps another game's
     EXPECT_EQ(start.run(), 0);
-    EXPECT_FALSE(start.folder.exists(user + u"~GRIMV.TMP~1"));
-    EXPECT_FALSE(start.folder.exists(user + u"GRIMOVA.INI~2"));
-    EXPECT_TRUE(start.folder.exists(user + u"SCORGRIM.TXT~3")); // it may hold scores
-    EXPECT_TRUE(start.folder.exists(user + u"~GRIMV.TMP~4"));
+    EXPECT_FALSE(start.folder.exists(user + u"~GRIMV.TMP~abcdefghi1"));
+    EXPECT_FALSE(start.folder.exists(user + u"GRIMOVA.INI~abcdefghi2"));
+    EXPECT_TRUE(start.folder.exists(user + u"SCORGRIM.TXT~abcdefghi3")); // it may hold scores
+    EXPECT_TRUE(start.folder.exists(user + u"GRIMOVA.INI~")); // the backup of a person's editor
+    EXPECT_TRUE(start.folder.exists(user + u"~GRIMV.TMP~abcdefghi4"));
 }
 
 // Another game on this account does the same at the same time.

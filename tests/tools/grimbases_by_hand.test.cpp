@@ -42,6 +42,14 @@ TEST_F(BasesByHand, AreKeptAndListedByARemakeWhichSaysSo) {
     EXPECT_EQ(offered(), all);
 }
 
+TEST_F(BasesByHand, UnderANameThatGrimbasesWouldNotGiveAreKeptToo) {
+    byHand(u"ÉCOLE", u"Du CE1", {u"CHAT", u"CHIEN"});
+    for (int time = 0; time < 2; ++time) {
+        remake();
+        EXPECT_EQ(offered(), with(shippedOffer, "Du CE1", {"CHAT", "CHIEN"}));
+    }
+}
+
 TEST_F(BasesByHand, StayWhereAnUpgradeDropsAThemeOfTheGame) {
     byHand(u"CE1", u"Du CE1", {u"CHAT"});
     shipped(u"MER.txt", "Titre : La mer\nORQUE\n");
@@ -93,9 +101,8 @@ TEST_F(BasesByHand, UnderTheTitleOfAListGiveWayToItAndThatIsTold) {
 
 TEST_F(BasesByHand, ThatHaveNoWordsAreLeftAsideAndTheirFilesStay) {
     byHand(u"VIDE", u"Vide", {});
-    EXPECT_EQ(remake(unused("VIDE")),
-              "VIDE.DBS (Vide) : cette base n'a pas de 1 à 32767 mots qui se lisent ; elle est "
-              "laissée de côté.\n");
+    EXPECT_EQ(remake(unused("VIDE")), "VIDE.DBS (Vide) : cette base doit avoir de 1 à 32767 mots "
+                                      "lisibles ; elle est laissée de côté.\n");
     EXPECT_EQ(offered(), shippedOffer);
     EXPECT_TRUE(folder.exists(var + u"MASK/VIDE.DBS"));
     EXPECT_EQ(run({"verifier"}).status, 0);

@@ -43,13 +43,14 @@ public:
             nommees = lireCatalogue(fichiers_, lieu_.masque);
         }
         for (const Texte &nom : fichiers_.list(lieu_.masque, u"*.dbs")) {
-            if (estUneRacine(racineDuFichier(nom))) {
-                restants_.try_emplace(racineDuFichier(nom), nom);
-            }
+            restants_.try_emplace(racineDuFichier(nom), nom);
         }
         for (const TypeBase &base : nommees) {
             examiner(base, true);
         }
+        // A name that grimbases would not give stands where the list has it, and is offered by
+        // nobody else.
+        std::erase_if(restants_, [](const auto &reste) { return !estUneRacine(reste.first); });
         while (!restants_.empty()) {
             TypeBase base;
             base.Fichier = restants_.begin()->first;
@@ -80,8 +81,8 @@ private:
         }
         if (contenu.empty()) {
             laissees.insert(racine);
-            dire(base, "cette base n'a pas de 1 à 32767 mots qui se lisent ; elle est laissée de "
-                       "côté.");
+            dire(base,
+                 "cette base doit avoir de 1 à 32767 mots lisibles ; elle est laissée de côté.");
             return;
         }
         if (titreDe(base).empty()) {
