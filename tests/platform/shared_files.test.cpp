@@ -95,16 +95,19 @@ TEST_F(SharedFiles, AFreeNameIsGivenAndATakenOneNever) {
 }
 
 TEST_F(SharedFiles, WhatKilledGamesHaveLeftGoesOnceItIsAnHourOld) {
-    for (const char16_t *name : {u"INI", u"INI~abc", u"ini~def", u"INI~", u"AUTRE~x", u"XINI~y"}) {
+    for (const char16_t *name : {u"INI", u"INI~abcdefghij", u"ini~defghijklm", u"INI~",
+                                 u"AUTRE~xxxxxxxxxx", u"XINI~yyyyyyyyyy"}) {
         folder.write(name, "x");
         age(toUtf8(name), std::chrono::minutes(61));
     }
-    folder.write(u"INI~nouveau", "x");
-    age("INI~nouveau", std::chrono::minutes(50));
-    folder.makeFolder(u"INI~dossier");
-    files.removeLeftOver(folder.path(), u"INI");
-    EXPECT_EQ(folder.list(), (std::vector<std::string>{"AUTRE~x", "INI", "INI~dossier/",
-                                                       "INI~nouveau", "XINI~y"}));
+    folder.write(u"INI~nouveau123", "x");
+    age("INI~nouveau123", std::chrono::minutes(50));
+    folder.makeFolder(u"INI~dossier123");
+    files.removeLeftOver(folder.path(),
+                         u"INI"); // a shorter addition is a backup of a person's editor
+    EXPECT_EQ(folder.list(),
+              (std::vector<std::string>{"AUTRE~xxxxxxxxxx", "INI", "INI~", "INI~dossier123/",
+                                        "INI~nouveau123", "XINI~yyyyyyyyyy"}));
     files.removeLeftOver(at(u"absent"), u"INI");
 }
 
